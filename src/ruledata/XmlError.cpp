@@ -1,0 +1,11 @@
+#include "ruledata/XmlError.h"
+
+#include "sheet/TextHelpers.h"
+
+namespace zeph {
+
+std::string FormatXmlFailure(const XmlError& e) {
+    return e.message() + "\n" + " At node: " + e.node() + " on: " + Str(e.line());
+}
+
+}  // namespace zeph

@@ -1,0 +1,42 @@
+// The text and number helpers that every rule shares. Numbers live on the sheet as text
+// and are converted at each use; what does not parse is 0, never an error.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace zeph {
+
+// Number at the start of the text (after leading blanks); 0 when there is none.
+double Val(std::string_view s);
+// Number in the text by the locale's conventions ("1,250.5" is 1250.5); 0 for an empty text.
+double CDbl(std::string_view s);
+// The whole-number conversion: the fraction is dropped (towards zero).
+std::int64_t Whole(double x);
+std::int64_t Whole(std::string_view s);
+// Shortest form of a number, with no ".0" at the end.
+std::string Str(double x);
+
+// The n-th field from 1, "" beyond the end. The separator is matched without regard to case.
+std::string NthField(std::string_view s, std::string_view sep, int n);
+// Number of fields: 0 for an empty text, 1 for a text without the separator.
+int CountFields(std::string_view s, std::string_view sep);
+// Position of t in s from 1, without regard to case; 0 when it is not there (or t is empty).
+int InStr(std::string_view s, std::string_view t);
+
+// By characters (UTF-8 code points), not bytes.
+std::string Left(std::string_view s, int n);
+std::string Right(std::string_view s, int n);
+int Len(std::string_view s);
+
+// Nearest whole number, halves away from zero.
+double Round(double x);
+double Floor(double x);
+double Max(double a, double b);
+
+// Equality without regard to case, as every comparison of names in the rules.
+bool EqualsNoCase(std::string_view a, std::string_view b);
+bool StartsWithNoCase(std::string_view s, std::string_view prefix);
+
+}  // namespace zeph
