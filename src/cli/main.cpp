@@ -1,1 +1,56 @@
-int main() { return 0; }
+// zephalon-cli: the console. `zephalon-cli script [--prefs DIR] FILE` runs a script against
+// one character sheet (FILE "-" reads standard input).
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <string>
+
+#include "cli/ScriptRunner.h"
+
+namespace {
+
+int usage() {
+    std::cerr << "usage: zephalon-cli script [--prefs DIR] FILE\n"
+                 "  Runs FILE (\"-\" for standard input) against one character sheet.\n";
+    return 2;
+}
+
+std::string defaultPreferencesFolder() {
+    if (const char* config = std::getenv("XDG_CONFIG_HOME"); config && *config)
+        return std::string(config) + "/zephalon";
+    if (const char* home = std::getenv("HOME"); home && *home)
+        return std::string(home) + "/.config/zephalon";
+    return ".";
+}
+
+std::string executableFolder(const char* argv0) {
+    std::error_code error;
+    auto self = std::filesystem::read_symlink("/proc/self/exe", error);
+    if (error) self = std::filesystem::absolute(argv0, error);
+    return self.parent_path().string();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc < 3 || std::string(argv[1]) != "script") return usage();
+    std::string prefs = defaultPreferencesFolder();
+    int next = 2;
+    if (std::string(argv[next]) == "--prefs") {
+        if (argc < 5) return usage();
+        prefs = argv[next + 1];
+        next += 2;
+    }
+    if (next != argc - 1) return usage();
+
+    const std::string file = argv[next];
+    zeph::ScriptRunner runner(std::cout, std::cerr, prefs, executableFolder(argv[0]));
+    if (file == "-") return runner.Run(std::cin);
+    std::ifstream in(file);
+    if (!in) {
+        std::cerr << "cannot read " << file << "\n";
+        return 2;
+    }
+    return runner.Run(in);
+}

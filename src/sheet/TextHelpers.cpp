@@ -164,4 +164,10 @@ bool StartsWithNoCase(std::string_view s, std::string_view prefix) {
     return s.size() >= prefix.size() && EqualsNoCase(s.substr(0, prefix.size()), prefix);
 }
 
+std::string Lowercase(std::string_view s) {
+    std::string lower(s);
+    for (char& c : lower) c = foldCase(c);
+    return lower;
+}
+
 }  // namespace zeph

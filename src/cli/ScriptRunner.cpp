@@ -1,0 +1,217 @@
+#include "cli/ScriptRunner.h"
+
+#include <filesystem>
+#include <regex>
+
+#include "sheet/Operations.h"
+#include "sheet/TextHelpers.h"
+
+namespace zeph {
+namespace {
+
+// Splits off the first word at the first blank; the rest keeps its blanks.
+std::pair<std::string, std::string> firstWord(const std::string& text) {
+    std::size_t blank = text.find(' ');
+    if (blank == std::string::npos) return {text, ""};
+    return {text.substr(0, blank), text.substr(blank + 1)};
+}
+
+std::string boolText(bool value) { return value ? "true" : "false"; }
+
+std::string listRowText(const ListItem& list, int row) {
+    std::string text;
+    for (int column = 0; column < list.ColumnCount(); ++column) {
+        if (column > 0) text += "|";
+        text += list.Cell(row, column);
+    }
+    return text;
+}
+
+std::string itemText(const Item& item) {
+    if (auto* text = dynamic_cast<const TextItem*>(&item)) return text->Text();
+    if (auto* flag = dynamic_cast<const FlagItem*>(&item)) return boolText(flag->Value());
+    if (auto* combo = dynamic_cast<const ComboItem*>(&item)) return combo->Text();
+    return "";
+}
+
+}  // namespace
+
+ScriptRunner::ScriptRunner(std::ostream& out, std::ostream& err,
+                           const std::string& preferencesFolder,
+                           const std::string& applicationFolder)
+    : out_(out),
+      err_(err),
+      platform_(preferencesFolder, applicationFolder,
+                std::filesystem::temp_directory_path().string()),
+      app_(data_, platform_),
+      sheet_(data_, platform_) {
+    platform_.SetLineSink([this](const std::string& line) { out_ << line << "\n"; });
+}
+
+int ScriptRunner::Run(std::istream& script) {
+    std::string line;
+    while (std::getline(script, line)) {
+        ++lineNumber_;
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        if (line.empty() || line[0] == '#') continue;
+        try {
+            runLine(line);
+        } catch (const ScriptError& error) {
+            err_ << "line " << lineNumber_ << ": " << error.message << "\n";
+            return 2;
+        } catch (const QuitRequest&) {
+            break;
+        } catch (const std::exception& failure) {
+            // What no operation handles ends the program, as in the app, after one message.
+            platform_.MsgBox(failure.what());
+            err_ << "line " << lineNumber_ << ": unhandled failure\n";
+            return 3;
+        }
+    }
+    return expectationFailed_ ? 1 : 0;
+}
+
+Item& ScriptRunner::item(const std::string& name) {
+    Item* found = sheet_.Items().Find(name);
+    if (found == nullptr) throw ScriptError{"unknown item " + name};
+    return *found;
+}
+
+void ScriptRunner::runLine(const std::string& line) {
+    auto [command, rest] = firstWord(line);
+    if (command == "data") {
+        app_.LoadDataFile(rest);
+        return;
+    }
+    if (command == "answer") {
+        platform_.QueueAnswer(UnescapeLineEnds(rest));
+        return;
+    }
+    if (command == "do") {
+        auto [name, argument] = firstWord(rest);
+        doOperation(name, UnescapeLineEnds(argument));
+        return;
+    }
+    if (command == "print") {
+        for (const auto& [name, value] : values(rest)) out_ << name << " = " << value << "\n";
+        return;
+    }
+    if (command == "expect") {
+        auto [name, expected] = firstWord(rest);
+        std::vector<std::string> shown;
+        for (const auto& value : values(name)) shown.push_back(value.second);
+        std::string actual = JoinFields(shown, "\\n");
+        if (actual != expected) {
+            expectationFailed_ = true;
+            out_ << "line " << lineNumber_ << ": expected " << name << " = " << expected << "\n"
+                 << "line " << lineNumber_ << ": got      " << name << " = " << actual << "\n";
+        }
+        return;
+    }
+
+    auto [name, text] = firstWord(rest);
+    if (command == "set") {
+        if (const auto* property = sheet_.Properties().Find(name)) {
+            property->set(UnescapeLineEnds(text));
+            return;
+        }
+        Item& target = item(name);
+        if (auto* textItem = dynamic_cast<TextItem*>(&target)) textItem->SetText(UnescapeLineEnds(text));
+        else if (auto* combo = dynamic_cast<ComboItem*>(&target)) combo->SetText(UnescapeLineEnds(text));
+        else throw ScriptError{"cannot set " + name + "; use flag or select"};
+    } else if (command == "choose") {
+        auto* combo = dynamic_cast<ComboItem*>(&item(name));
+        if (combo == nullptr) throw ScriptError{name + " is not a combo or choice"};
+        const std::string wanted = UnescapeLineEnds(text);
+        for (int row = 0; row < combo->ListCount(); ++row)
+            if (combo->List(row) == wanted) return combo->SetListIndex(row);
+        if (combo->Kind() == ItemKind::Choice) throw ScriptError{name + " has no row " + wanted};
+        combo->SetText(wanted);
+    } else if (command == "flag") {
+        auto* flag = dynamic_cast<FlagItem*>(&item(name));
+        if (flag == nullptr) throw ScriptError{name + " is not a flag"};
+        if (text != "on" && text != "off") throw ScriptError{"flag takes on or off"};
+        flag->SetValue(text == "on");
+    } else if (command == "select") {
+        auto* list = dynamic_cast<ListItem*>(&item(name));
+        if (list == nullptr) throw ScriptError{name + " is not a list"};
+        int row = static_cast<int>(Whole(text));
+        if (row < -1 || row >= list->ListCount()) throw ScriptError{name + " has no row " + text};
+        list->SetListIndex(row);
+    } else {
+        throw ScriptError{"unknown command " + command};
+    }
+}
+
+void ScriptRunner::doOperation(const std::string& name, const std::string& argument) {
+    const OperationTable& operations = SheetOperations();
+    auto found = operations.find(name);
+    if (found != operations.end()) {
+        if (auto result = found->second.run(sheet_, argument))
+            out_ << name << " = " << EscapeLineEnds(*result) << "\n";
+        return;
+    }
+    if (name == "App.LoadData") return app_.LoadData();
+    if (name == "App.GetDataFile") {
+        out_ << name << " = " << EscapeLineEnds(app_.GetDataFile()) << "\n";
+        return;
+    }
+    if (name == "DataModule.SaveDataFilePreferences")
+        return data_.SaveDataFilePreferences(platform_);
+    throw ScriptError{"unknown operation " + name};
+}
+
+std::vector<std::pair<std::string, std::string>> ScriptRunner::values(const std::string& name) {
+    // NAME, NAME.attribute, NAME[r] or NAME[r].bold
+    static const std::regex shape(R"(^([A-Za-z_][A-Za-z0-9_.]*?)(?:\[(-?\d+)\])?(?:\.(visible|ListIndex|ListCount|rows|heading|bold))?$)");
+    std::smatch parts;
+    if (!std::regex_match(name, parts, shape)) throw ScriptError{"cannot read " + name};
+    const std::string base = parts[1];
+    const bool hasRow = parts[2].matched;
+    const int row = hasRow ? std::stoi(parts[2]) : 0;
+    const std::string attribute = parts[3];
+    auto one = [&](std::string value) {
+        return std::vector<std::pair<std::string, std::string>>{{name, EscapeLineEnds(value)}};
+    };
+
+    if (!hasRow && attribute.empty()) {
+        if (const auto* property = sheet_.Properties().Find(base)) return one(property->get());
+        if (base == "App.doneloading") return one(boolText(app_.doneloading));
+        if (base == "DataModule.zephalondata") return one(data_.zephalondata);
+        if (base == "DataModule.datafilepath") return one(data_.datafilepath);
+        if (base == "DataModule.knowndatafiles") return one(JoinFields(data_.knowndatafiles, ","));
+        if (base == "DataModule.recentItemsName") return one(JoinFields(data_.recentItemsName, ","));
+        if (base == "DataModule.recentItemsPaths")
+            return one(JoinFields(data_.recentItemsPaths, ","));
+        if (base == "DataModule.referenceTables") return one(JoinFields(data_.referenceTables, ","));
+    }
+
+    Item& target = item(base);
+    auto* list = dynamic_cast<ListItem*>(&target);
+    auto* combo = dynamic_cast<ComboItem*>(&target);
+    if (hasRow) {
+        if (list == nullptr) throw ScriptError{base + " is not a list"};
+        if (row < 0 || row >= list->ListCount()) throw ScriptError{base + " has no row " + parts[2].str()};
+        if (attribute == "bold") return one(boolText(list->CellBold(row, 0)));
+        if (!attribute.empty()) throw ScriptError{"cannot read " + name};
+        return one(listRowText(*list, row));
+    }
+    if (attribute == "visible") return one(boolText(target.Visible()));
+    if (attribute == "ListIndex" && list) return one(Str(list->ListIndex()));
+    if (attribute == "ListIndex" && combo) return one(Str(combo->ListIndex()));
+    if (attribute == "ListCount" && list) return one(Str(list->ListCount()));
+    if (attribute == "ListCount" && combo) return one(Str(combo->ListCount()));
+    if (attribute == "rows" && combo) return one(JoinFields(combo->Rows(), "|"));
+    if (attribute == "heading" && list) return one(list->Heading(0));
+    if (!attribute.empty()) throw ScriptError{"cannot read " + name};
+    if (list) {
+        std::vector<std::pair<std::string, std::string>> lines;
+        for (int r = 0; r < list->ListCount(); ++r)
+            lines.emplace_back(base + "[" + std::to_string(r) + "]",
+                               EscapeLineEnds(listRowText(*list, r)));
+        return lines;
+    }
+    return one(itemText(target));
+}
+
+}  // namespace zeph

@@ -1,0 +1,88 @@
+#include "platform/ScriptedPlatform.h"
+
+#include "sheet/TextHelpers.h"
+
+namespace zeph {
+
+std::string EscapeLineEnds(const std::string& text) {
+    std::string escaped;
+    for (char c : text) {
+        if (c == '\n') escaped += "\\n";
+        else if (c == '\r') escaped += "\\r";
+        else escaped += c;
+    }
+    return escaped;
+}
+
+std::string UnescapeLineEnds(const std::string& text) {
+    std::string plain;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '\\' && i + 1 < text.size() && (text[i + 1] == 'n' || text[i + 1] == 'r')) {
+            plain += text[i + 1] == 'n' ? '\n' : '\r';
+            ++i;
+        } else {
+            plain += text[i];
+        }
+    }
+    return plain;
+}
+
+ScriptedPlatform::ScriptedPlatform(std::string preferencesFolder, std::string applicationFolder,
+                                   std::string temporaryFolder)
+    : preferencesFolder_(std::move(preferencesFolder)),
+      applicationFolder_(std::move(applicationFolder)),
+      temporaryFolder_(std::move(temporaryFolder)) {}
+
+void ScriptedPlatform::line(const std::string& text) {
+    transcript_.push_back(text);
+    if (sink_) sink_(text);
+}
+
+void ScriptedPlatform::MsgBox(const std::string& text) {
+    messages_.push_back(text);
+    line("message: " + EscapeLineEnds(text));
+}
+
+std::optional<std::string> ScriptedPlatform::nextPath(const std::string& dialog) {
+    if (answers_.empty()) {
+        line("dialog: " + dialog + " -> cancel (no answer queued)");
+        return std::nullopt;
+    }
+    std::string answer = answers_.front();
+    answers_.pop_front();
+    line("dialog: " + dialog + " -> " + answer);
+    if (EqualsNoCase(answer, "cancel")) return std::nullopt;
+    return answer;
+}
+
+std::optional<std::string> ScriptedPlatform::OpenFileDialog(const FileType& type,
+                                                            const std::string& folder) {
+    lastDialogFolder_ = folder;
+    return nextPath("open " + type.name);
+}
+
+std::optional<std::string> ScriptedPlatform::SaveFileDialog(const FileType& type,
+                                                            const std::string& suggestedName) {
+    return nextPath("save " + type.name + " " + suggestedName);
+}
+
+std::optional<std::string> ScriptedPlatform::SelectFolderDialog(const std::string& prompt) {
+    return nextPath("folder " + prompt);
+}
+
+SaveChangesAnswer ScriptedPlatform::AskSaveChanges(const std::string& documentName) {
+    std::optional<std::string> answer = nextPath("save changes to " + documentName);
+    if (answer && EqualsNoCase(*answer, "Save")) return SaveChangesAnswer::Save;
+    if (answer && EqualsNoCase(*answer, "Don't Save")) return SaveChangesAnswer::DontSave;
+    return SaveChangesAnswer::Cancel;
+}
+
+void ScriptedPlatform::ShowURL(const std::string& url) { line("url: " + url); }
+
+void ScriptedPlatform::Quit(int code) {
+    quitCalled_ = true;
+    quitCode_ = code;
+    line("quit: " + Str(code));
+}
+
+}  // namespace zeph

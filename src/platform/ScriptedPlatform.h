@@ -1,0 +1,66 @@
+// A platform that answers every question from a queue and writes every message, dialog and
+// quit as a line, for the console and the tests: whole flows, failures included, run headless.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/Platform.h"
+
+namespace zeph {
+
+class ScriptedPlatform : public Platform {
+public:
+    using LineSink = std::function<void(const std::string&)>;
+
+    ScriptedPlatform(std::string preferencesFolder, std::string applicationFolder,
+                     std::string temporaryFolder);
+
+    // Answers are taken in order: a path or "cancel" for a file dialog, a button caption
+    // ("Save", "Don't Save", "Cancel") for the save-changes question.
+    void QueueAnswer(const std::string& answer) { answers_.push_back(answer); }
+    std::size_t PendingAnswers() const { return answers_.size(); }
+    // Where the lines go; by default they are only kept in Transcript().
+    void SetLineSink(LineSink sink) { sink_ = std::move(sink); }
+    const std::vector<std::string>& Transcript() const { return transcript_; }
+    const std::vector<std::string>& Messages() const { return messages_; }
+    bool QuitCalled() const { return quitCalled_; }
+    int QuitCode() const { return quitCode_; }
+
+    void MsgBox(const std::string& text) override;
+    std::optional<std::string> OpenFileDialog(const FileType& type,
+                                              const std::string& folder) override;
+    std::optional<std::string> SaveFileDialog(const FileType& type,
+                                              const std::string& suggestedName) override;
+    std::optional<std::string> SelectFolderDialog(const std::string& prompt) override;
+    SaveChangesAnswer AskSaveChanges(const std::string& documentName) override;
+    std::string PreferencesFolder() override { return preferencesFolder_; }
+    std::string ApplicationFolder() override { return applicationFolder_; }
+    std::string TemporaryFolder() override { return temporaryFolder_; }
+    void ShowURL(const std::string& url) override;
+    void Quit(int code) override;
+
+    // The folder the last open dialog started in.
+    const std::string& LastDialogFolder() const { return lastDialogFolder_; }
+
+private:
+    std::optional<std::string> nextPath(const std::string& dialog);
+    void line(const std::string& text);
+
+    std::string preferencesFolder_, applicationFolder_, temporaryFolder_;
+    std::deque<std::string> answers_;
+    std::vector<std::string> transcript_;
+    std::vector<std::string> messages_;
+    LineSink sink_;
+    bool quitCalled_ = false;
+    int quitCode_ = 0;
+    std::string lastDialogFolder_;
+};
+
+// Writes line ends as \n and carriage returns as \r, so that any value stays on one line.
+std::string EscapeLineEnds(const std::string& text);
+std::string UnescapeLineEnds(const std::string& text);
+
+}  // namespace zeph

@@ -1,0 +1,56 @@
+// Quality bonuses: the attribute bonuses of the rows of QualityListBox and the pool summary.
+// The per-row bonus pass that feeds the budgets runs inside the recomputation.
+#include "sheet/CharacterSheet.h"
+#include "sheet/Operations.h"
+#include "sheet/TextHelpers.h"
+
+namespace zeph {
+
+void CharacterSheet::QualityGetBonus() {
+    double attributeSums[kAttributeCount] = {};
+    double essenceChanneling = 0;
+    double taintChanneling = 0;
+    double sadicas = 0;
+
+    for (int row = 0; row < QualityListBox.ListCount(); ++row) {
+        const double level = Val(QualityListBox.Cell(row, 1));
+        const std::string& marker = QualityListBox.Cell(row, 10);
+        if (!marker.empty()) {
+            if (InStr(marker, "Essence Channeling") > 0) essenceChanneling += level;
+            if (InStr(marker, "Taint Channeling") > 0) taintChanneling += level;
+            if (EqualsNoCase(marker, "Taint")) taintChanneling += level;
+            if (InStr(marker, "Sadicas") > 0) sadicas += level;
+            // The total of the last recomputation: the totals are renewed after this runs.
+            if (EqualsNoCase(marker, "Adept")) sadicas += Val(IntelligenceTotal.Text());
+        }
+        for (int a = 0; a < kAttributeCount; ++a)
+            attributeSums[a] += Val(QualityListBox.Cell(row, 11 + a)) * level;
+    }
+
+    std::string summary;
+    if (essenceChanneling > 0) summary += "Essence Channeling: " + Str(essenceChanneling);
+    if (taintChanneling > 0)
+        summary += (summary.empty() ? "" : ", ") + std::string("Taint Channeling: ") +
+                   Str(taintChanneling);
+    if (sadicas > 0) {
+        // With another pool before it, the Sadicas sum shows under the Taint label and without
+        // its maximum: that is how the sheet has always read.
+        if (summary.empty())
+            summary += "Sadicas: " + Str(sadicas) + ", Maximum Sadicas Pool: " + Str(sadicas * 30);
+        else
+            summary += ", Taint Channeling: " + Str(sadicas);
+    }
+    ExtraStatsField.SetText(summary);
+
+    for (int a = 0; a < kAttributeCount; ++a) {
+        TextItem& bonus = AttributeOf(a).bonus;
+        bonus.SetText(Str(attributeSums[a] + Val(bonus.Text()) +
+                          static_cast<double>(m_all_bonuses[static_cast<std::size_t>(a)])));
+    }
+}
+
+void AddQualityBonusOperations(OperationTable& table) {
+    AddOperation(table, "QualityGetBonus", [](CharacterSheet& s) { s.QualityGetBonus(); });
+}
+
+}  // namespace zeph

@@ -1,0 +1,259 @@
+// The one recomputation of the sheet: the type's record, the primary totals, the bonus pass
+// over the qualities, the secondary attributes, the budgets and the drama-point mode, in this
+// order, each step reading what the steps before it wrote.
+#include <optional>
+
+#include "ruledata/RuleData.h"
+#include "sheet/CharacterSheet.h"
+#include "sheet/Operations.h"
+#include "sheet/TextHelpers.h"
+
+namespace zeph {
+namespace {
+
+// Working values of one run; each addition is cut back to a whole number at once, so
+// fractions are lost row by row.
+struct BonusSums {
+    std::int64_t skill = 0, meta = 0, attribute = 0, essence = 0;
+    std::int64_t life = 0, speed = 0, endurance = 0, taintPool = 0;
+};
+
+void addCut(std::int64_t& sum, double amount) {
+    sum = Whole(static_cast<double>(sum) + amount);
+}
+
+double valueOf(const TextItem& item) { return Val(item.Text()); }
+
+double highest(double a, double b, double c) { return Max(Max(a, b), c); }
+
+// The quality bonus pass over one row of QualityListBox.
+class BonusPass {
+public:
+    BonusPass(CharacterSheet& sheet, BonusSums& sums) : s_(sheet), sums_(sums) {}
+
+    void Row(int row) {
+        const ListItem& list = s_.QualityListBox;
+        const double level = Val(list.Cell(row, 1));
+        auto cell = [&](int column) -> const std::string& { return list.Cell(row, column); };
+        const std::string& metaColumn = cell(19);
+
+        addCut(sums_.skill, expression(cell(17), metaColumn, false, level));
+        if (s_.OptionalSkillPointBox.Value()) addCut(sums_.skill, Val(cell(18)) * level);
+        addCut(sums_.meta, expression(metaColumn, metaColumn, true, level));
+        if (CountFields(cell(20), "&&") > 1)
+            addCut(sums_.attribute, Val(NthField(cell(20), "&&", 2)) * level);
+        addCut(sums_.essence, expression(cell(21), metaColumn, false, level));
+        std::int64_t* flat[] = {&sums_.essence, &sums_.life, &sums_.speed, &sums_.endurance,
+                                &sums_.taintPool};
+        for (int i = 0; i < 5; ++i)
+            if (!cell(22 + i).empty()) addCut(*flat[i], Val(cell(22 + i)) * level);
+    }
+
+private:
+    // An attribute word, "&&", a multiplier. For "Mental" and "Physical" outside the meta
+    // column the multiplier is read from the meta column of the row: kept as it always was.
+    double expression(const std::string& text, const std::string& metaColumn, bool isMetaColumn,
+                      double level) const {
+        if (CountFields(text, "&&") <= 1) return 0;
+        const std::string word = NthField(text, "&&", 1);
+        if (word.empty()) return 0;
+        std::optional<double> value = attributeValue(word, isMetaColumn);
+        if (!value) return 0;
+        const bool group = EqualsNoCase(word, "Mental") || EqualsNoCase(word, "Physical");
+        const std::string& multiplierSource = (group && !isMetaColumn) ? metaColumn : text;
+        return Val(NthField(multiplierSource, "&&", 2)) * *value * level;
+    }
+
+    std::optional<double> attributeValue(const std::string& word, bool isMetaColumn) const {
+        for (int a = 0; a < kAttributeCount; ++a)
+            if (EqualsNoCase(word, kAttributeNames[a])) return valueOf(s_.AttributeOf(a).total);
+        if (EqualsNoCase(word, "Mental")) {
+            double i = valueOf(s_.IntelligenceTotal), p = valueOf(s_.PerceptionTotal),
+                   w = valueOf(s_.WillpowerTotal);
+            if (isMetaColumn) {
+                i = static_cast<double>(Whole(i));
+                p = static_cast<double>(Whole(p));
+                w = static_cast<double>(Whole(w));
+            }
+            return highest(i, p, w);
+        }
+        if (EqualsNoCase(word, "Physical"))
+            return highest(valueOf(s_.StrengthTotal), valueOf(s_.DexterityTotal),
+                           valueOf(s_.ConstitutionTotal));
+        return std::nullopt;
+    }
+
+    CharacterSheet& s_;
+    BonusSums& sums_;
+};
+
+}  // namespace
+
+void CharacterSheet::FigureSecondaryAttributes() {
+    try {
+        const std::string choicePath = "//charactertype/type[@value='" +
+                                       CharacterTypePopup.Text() + "']/name[@value='" +
+                                       ChooseCharPopup.Text() + "']";
+        auto m = [this](int index) {
+            return static_cast<double>(m_all_bonuses[static_cast<std::size_t>(index)]);
+        };
+
+        // Step 1: the type's fixed bonuses, and the reset of free points not wholly placed.
+        std::int64_t typeEssence = 0;
+        std::string typeSpeed;
+        std::int64_t vitalAdder = 0;
+        if (auto points = Rules().Record(choicePath + "/bonuspts")) {
+            auto fieldBonus = [&](int a) { return CDbl(AttributeOf(a).bonus.Text()); };
+            auto recordBonus = [&](int a) {
+                return CDbl(points->Attribute(Lowercase(kAttributeNames[a])));
+            };
+            std::int64_t physicalSum =
+                Whole(fieldBonus(Strength) + fieldBonus(Dexterity) + fieldBonus(Constitution));
+            std::int64_t mentalSum = Whole(fieldBonus(Intelligence) + fieldBonus(Perception) +
+                                           fieldBonus(Willpower));
+            std::int64_t physicalExpected =
+                Whole(recordBonus(Strength) + recordBonus(Dexterity) + recordBonus(Constitution) +
+                      Val(points->Attribute("physicalattr")) + m(7));
+            std::int64_t mentalExpected =
+                Whole(recordBonus(Intelligence) + recordBonus(Perception) +
+                      recordBonus(Willpower) + CDbl(points->Attribute("mentalattr")) + m(6));
+            if (physicalSum != physicalExpected || mentalSum != mentalExpected) {
+                for (int a = 0; a < kAttributeCount; ++a)
+                    AttributeOf(a).bonus.SetText(
+                        Str(Val(points->Attribute(Lowercase(kAttributeNames[a])))));
+                mentalBonus = Whole(Val(points->Attribute("mentalattr"))) + m_all_bonuses[6];
+                physicalBonus = Whole(Val(points->Attribute("physicalattr"))) + m_all_bonuses[7];
+            }
+            for (int a = 0; a < kAttributeCount; ++a)
+                attrBonus[static_cast<std::size_t>(a)] = Whole(AttributeOf(a).bonus.Text());
+            typeEssence = Whole(points->Attribute("essence"));
+            typeSpeed = points->Attribute("speed");
+            vitalAdder = Whole(points->Attribute("vitalessence"));
+        } else {
+            for (int a = 0; a < kAttributeCount; ++a)
+                AttributeOf(a).bonus.SetText(
+                    Str(static_cast<double>(attrBonus[static_cast<std::size_t>(a)])));
+        }
+
+        // Step 2: the qualities' and metaphysics' attribute bonuses, and the pool summary.
+        QualityGetBonus();
+
+        // Step 3: primary totals, in the order the sheet has always formed them.
+        for (int a : {Dexterity, Intelligence, Constitution, Willpower, Strength, Perception}) {
+            AttributeItems items = AttributeOf(a);
+            items.total.SetText(Str(valueOf(items.field) + valueOf(items.bonus)));
+        }
+
+        // Step 4: the bonus pass over the qualities.
+        BonusSums sums;
+        BonusPass pass(*this, sums);
+        for (int row = 0; row < QualityListBox.ListCount(); ++row) pass.Row(row);
+
+        // Step 5: secondary bonuses.
+        const bool speedDivides = InStr(typeSpeed, "/") > 0;
+        LifePointsBonus.SetText(Str(static_cast<double>(sums.life) + m(8)));
+        SpeedBonus.SetText(Str(static_cast<double>(sums.speed) +
+                               (speedDivides ? 0 : CDbl(typeSpeed)) + m(11)));
+        EnduranceBonus.SetText(Str(static_cast<double>(sums.endurance) + m(9)));
+        EssenceBonus.SetText(
+            Str(static_cast<double>(sums.essence) + static_cast<double>(typeEssence) + m(10)));
+
+        // Step 6: the type's formulas.
+        double lifeMultiplier = 0, lifeAdder = 0, enduranceMultiplier = 0, enduranceAdder = 0;
+        if (auto calculations = Rules().Record(choicePath + "/calculations")) {
+            auto whole = [&](const char* name) {
+                return static_cast<double>(Whole(calculations->Attribute(name)));
+            };
+            lifeMultiplier = whole("lifepointcalc_multiplier");
+            lifeAdder = whole("lifepointcalc_adder");
+            enduranceMultiplier = whole("endurancecalc_multiplier");
+            enduranceAdder = whole("endurancecalc_adder");
+        }
+
+        // Step 7: secondary totals.
+        const double strength = valueOf(StrengthTotal), constitution = valueOf(ConstitutionTotal),
+                     dexterity = valueOf(DexterityTotal), willpower = valueOf(WillpowerTotal);
+        LifePointsTotal.SetText(Str(valueOf(LifePointsBonus) +
+                                    (strength + constitution) * lifeMultiplier + lifeAdder));
+        EnduranceTotal.SetText(Str(valueOf(EnduranceBonus) +
+                                   (strength + constitution + willpower) * enduranceMultiplier +
+                                   enduranceAdder));
+        double primarySum = 0;
+        for (int a = 0; a < kAttributeCount; ++a) primarySum += valueOf(AttributeOf(a).total);
+        EssenceTotal.SetText(Str(valueOf(EssenceBonus) + primarySum));
+        if (speedDivides)
+            SpeedTotal.SetText(Str(valueOf(SpeedBonus) +
+                                   Round((constitution + dexterity) * 2 /
+                                         CDbl(NthField(typeSpeed, "/", 2)))));
+        else
+            SpeedTotal.SetText(Str(valueOf(SpeedBonus) + (constitution + dexterity) * 2));
+
+        // Step 8: the Taint pool joins the pool summary.
+        addCut(sums.taintPool, m(12));
+        if (sums.taintPool > 0) {
+            const std::string pool = "Taint Pool: " + Str(static_cast<double>(sums.taintPool));
+            ExtraStatsField.SetText(ExtraStatsField.Text().empty()
+                                        ? pool
+                                        : ExtraStatsField.Text() + ", " + pool);
+        }
+
+        // Step 9: the budgets.
+        if (auto creation = Rules().Record(choicePath + "/creationpts")) {
+            auto budget = [&](const char* name, double extra) {
+                return Str(Val(creation->Attribute(name)) + extra);
+            };
+            QualityField.SetText(SumQualityPoints() + "/" + creation->Attribute("qualitypts"));
+            DrawbackField.SetText(SumDrawbackPts() + "/" + creation->Attribute("drawbackpts"));
+            MetaField.SetText(SumMetaPts() + "/" +
+                              budget("metapts", static_cast<double>(sums.meta)));
+            if (OptionalSkillPointBox.Value()) {
+                AttributeField.SetText(
+                    SumAttrPts() + "/" +
+                    budget("attrpts", static_cast<double>(sums.attribute + CalcAgeAttrbPenalty())));
+                SkillField.SetText(
+                    SumSkillPts() + "/" +
+                    budget("optskillptgen", static_cast<double>(sums.skill + CalcSkillPts())));
+            } else {
+                AttributeField.SetText(SumAttrPts() + "/" +
+                                       budget("attrpts", static_cast<double>(sums.attribute)));
+                SkillField.SetText(SumSkillPts() + "/" +
+                                   budget("skillpts", static_cast<double>(sums.skill)));
+            }
+            if (EqualsNoCase(creation->Attribute("vitalessence"), "true")) {
+                LPText.SetText("Vital Ess.:");
+                double vital = static_cast<double>(vitalAdder);
+                for (int a = 0; a < kAttributeCount; ++a)
+                    vital += CDbl(AttributeOf(a).total.Text());
+                // Essence is formed before the essence bonus goes into the vital figure.
+                EssenceTotal.SetText(Str(vital * 2 + valueOf(EssenceBonus)));
+                LifePointsTotal.SetText(Str(vital + valueOf(EssenceBonus)));
+            } else {
+                LPText.SetText("Life Points:");
+            }
+        }
+
+        // Step 10: drama-point mode. The hidden items keep being computed.
+        const bool dramaPoints = !Rules().Query(choicePath + "/dramapts").Empty();
+        if (dramaPoints && !CharacterInPlayBox.Value())
+            DPField.SetText(Rules().Record(choicePath + "/dramapts")->Attribute("points"));
+        DPField.SetVisible(dramaPoints);
+        DPText.SetVisible(dramaPoints);
+        for (Item* item : std::initializer_list<Item*>{
+                 &EndText, &EnduranceBonus, &EnduranceTotal, &SpeedText, &SpeedBonus, &SpeedTotal,
+                 &EssenceLabel, &EssenceBonus, &EssenceTotal})
+            item->SetVisible(!dramaPoints);
+
+        // Step 11: the status line.
+        ShowBonus();
+    } catch (const XmlError& failure) {
+        ShowXmlFailure(failure);
+    }
+}
+
+void AddSecondaryAttributeOperations(OperationTable& table) {
+    AddOperation(table, "FigureSecondaryAttributes",
+                 [](CharacterSheet& s) { s.FigureSecondaryAttributes(); });
+    AddOperation(table, "TabPanel1_Change", [](CharacterSheet& s) { s.FigureSecondaryAttributes(); });
+}
+
+}  // namespace zeph

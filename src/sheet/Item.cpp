@@ -1,0 +1,228 @@
+#include "sheet/Item.h"
+
+#include <stdexcept>
+
+namespace zeph {
+
+void ItemRegistry::Add(Item* item) {
+    if (!byName_.emplace(item->Name(), item).second)
+        throw std::logic_error("two items named " + item->Name());
+    inOrder_.push_back(item);
+}
+
+Item* ItemRegistry::Find(const std::string& name) const {
+    auto found = byName_.find(name);
+    return found == byName_.end() ? nullptr : found->second;
+}
+
+Item::Item(ItemRegistry& registry, std::string name, ItemKind kind, bool visible)
+    : name_(std::move(name)), kind_(kind), visible_(visible) {
+    registry.Add(this);
+}
+
+void Item::SetVisible(bool visible) {
+    if (visible_ == visible) return;
+    visible_ = visible;
+    Notify(ItemChange::Visibility);
+}
+
+int Item::Observe(Observer observer) {
+    observers_.emplace(nextToken_, std::move(observer));
+    return nextToken_++;
+}
+
+void Item::StopObserving(int token) { observers_.erase(token); }
+
+void Item::Notify(ItemChange change) {
+    // An observer may detach others (a view closing): walk a copy of the tokens.
+    std::vector<int> tokens;
+    for (const auto& [token, observer] : observers_) tokens.push_back(token);
+    for (int token : tokens) {
+        auto found = observers_.find(token);
+        if (found != observers_.end()) found->second(change);
+    }
+}
+
+TextItem::TextItem(ItemRegistry& registry, std::string name, ItemKind kind, std::string text,
+                   bool visible)
+    : Item(registry, std::move(name), kind, visible), text_(std::move(text)) {}
+
+void TextItem::SetText(const std::string& text) {
+    if (text_ == text) return;
+    text_ = text;
+    Notify(ItemChange::Text);
+}
+
+FlagItem::FlagItem(ItemRegistry& registry, std::string name, bool value)
+    : Item(registry, std::move(name), ItemKind::Flag, true), value_(value) {}
+
+void FlagItem::SetValue(bool value) {
+    if (value_ == value) return;
+    value_ = value;
+    Notify(ItemChange::Text);
+}
+
+ComboItem::ComboItem(ItemRegistry& registry, std::string name, ItemKind kind,
+                     std::vector<std::string> rows, bool visible)
+    : Item(registry, std::move(name), kind, visible), rows_(std::move(rows)) {}
+
+int ComboItem::rowOf(const std::string& text) const {
+    for (std::size_t i = 0; i < rows_.size(); ++i)
+        if (rows_[i] == text) return static_cast<int>(i);
+    return -1;
+}
+
+void ComboItem::setTextAndIndex(const std::string& text, int index) {
+    bool textChanged = text_ != text;
+    bool indexChanged = listIndex_ != index;
+    text_ = text;
+    listIndex_ = index;
+    if (textChanged) Notify(ItemChange::Text);
+    else if (indexChanged) Notify(ItemChange::Selection);
+}
+
+void ComboItem::SetText(const std::string& text) {
+    int index = rowOf(text);
+    if (Kind() == ItemKind::Choice && index < 0) {
+        setTextAndIndex("", -1);
+        return;
+    }
+    setTextAndIndex(text, index);
+}
+
+void ComboItem::AddRow(const std::string& text) {
+    rows_.push_back(text);
+    Notify(ItemChange::Rows);
+}
+
+void ComboItem::DeleteAllRows() {
+    rows_.clear();
+    Notify(ItemChange::Rows);
+    setTextAndIndex(Kind() == ItemKind::Choice ? "" : text_, -1);
+}
+
+const std::string& ComboItem::List(int index) const {
+    return rows_.at(static_cast<std::size_t>(index));
+}
+
+void ComboItem::SetListIndex(int index) {
+    if (index < -1 || index >= ListCount())
+        throw std::out_of_range(Name() + ": no row " + std::to_string(index));
+    if (index == -1) {
+        setTextAndIndex(Kind() == ItemKind::Choice ? "" : text_, -1);
+        return;
+    }
+    setTextAndIndex(rows_[static_cast<std::size_t>(index)], index);
+}
+
+ListItem::ListItem(ItemRegistry& registry, std::string name, int columnCount,
+                   std::vector<std::string> headings, bool visible)
+    : Item(registry, std::move(name), ItemKind::List, visible),
+      columnCount_(columnCount),
+      headings_(std::move(headings)) {
+    headings_.resize(static_cast<std::size_t>(columnCount));
+}
+
+ListItem::Row& ListItem::row(int index) {
+    if (index < 0 || index >= ListCount())
+        throw std::out_of_range(Name() + ": no row " + std::to_string(index));
+    return rows_[static_cast<std::size_t>(index)];
+}
+
+const ListItem::Row& ListItem::row(int index) const {
+    return const_cast<ListItem*>(this)->row(index);
+}
+
+void ListItem::checkColumn(int column) const {
+    if (column < 0 || column >= columnCount_)
+        throw std::out_of_range(Name() + ": no column " + std::to_string(column));
+}
+
+ListItem::Row ListItem::makeRow(const std::string& text) const {
+    Row r;
+    r.cells.assign(static_cast<std::size_t>(columnCount_), "");
+    r.bold.assign(static_cast<std::size_t>(columnCount_), false);
+    r.cells[0] = text;
+    return r;
+}
+
+const std::string& ListItem::Cell(int rowIndex, int column) const {
+    checkColumn(column);
+    return row(rowIndex).cells[static_cast<std::size_t>(column)];
+}
+
+void ListItem::SetCell(int rowIndex, int column, const std::string& value) {
+    checkColumn(column);
+    std::string& cell = row(rowIndex).cells[static_cast<std::size_t>(column)];
+    if (cell == value) return;
+    cell = value;
+    Notify(ItemChange::Rows);
+}
+
+void ListItem::AddRow(const std::string& text) {
+    rows_.push_back(makeRow(text));
+    lastIndex_ = ListCount() - 1;
+    Notify(ItemChange::Rows);
+}
+
+void ListItem::InsertRow(int rowIndex, const std::string& text) {
+    if (rowIndex < 0 || rowIndex > ListCount())
+        throw std::out_of_range(Name() + ": cannot insert at row " + std::to_string(rowIndex));
+    rows_.insert(rows_.begin() + rowIndex, makeRow(text));
+    lastIndex_ = rowIndex;
+    Notify(ItemChange::Rows);
+}
+
+void ListItem::RemoveRow(int rowIndex) {
+    row(rowIndex);
+    rows_.erase(rows_.begin() + rowIndex);
+    Notify(ItemChange::Rows);
+}
+
+void ListItem::DeleteAllRows() {
+    rows_.clear();
+    Notify(ItemChange::Rows);
+}
+
+int ListItem::ListIndex() const {
+    for (int i = 0; i < ListCount(); ++i)
+        if (rows_[static_cast<std::size_t>(i)].selected) return i;
+    return -1;
+}
+
+void ListItem::SetListIndex(int rowIndex) {
+    if (rowIndex != -1) row(rowIndex);
+    for (int i = 0; i < ListCount(); ++i) rows_[static_cast<std::size_t>(i)].selected = i == rowIndex;
+    Notify(ItemChange::Selection);
+}
+
+bool ListItem::Selected(int rowIndex) const { return row(rowIndex).selected; }
+
+void ListItem::SetSelected(int rowIndex, bool selected) {
+    row(rowIndex).selected = selected;
+    Notify(ItemChange::Selection);
+}
+
+bool ListItem::CellBold(int rowIndex, int column) const {
+    checkColumn(column);
+    return row(rowIndex).bold[static_cast<std::size_t>(column)];
+}
+
+void ListItem::SetCellBold(int rowIndex, int column, bool bold) {
+    checkColumn(column);
+    row(rowIndex).bold[static_cast<std::size_t>(column)] = bold;
+    Notify(ItemChange::Bold);
+}
+
+const std::string& ListItem::Heading(int column) const {
+    checkColumn(column);
+    return headings_[static_cast<std::size_t>(column)];
+}
+
+void ListItem::SetHeading(int column, const std::string& heading) {
+    checkColumn(column);
+    headings_[static_cast<std::size_t>(column)] = heading;
+    Notify(ItemChange::Heading);
+}
+
+}  // namespace zeph

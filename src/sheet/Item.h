@@ -1,0 +1,153 @@
+// The named items of a character sheet. An item holds text, a flag, offered rows or a list of
+// rows of text columns, and a visibility flag; every change is told to its observers, which is
+// how change operations and views follow the sheet.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace zeph {
+
+enum class ItemKind { Text, Number, Flag, Combo, Choice, List, Styled, Label };
+
+enum class ItemChange { Text, Visibility, Rows, Selection, Bold, Heading };
+
+class Item;
+
+// Finds the items of one sheet by name, in the order they were made.
+class ItemRegistry {
+public:
+    void Add(Item* item);
+    Item* Find(const std::string& name) const;
+    const std::vector<Item*>& All() const { return inOrder_; }
+
+private:
+    std::map<std::string, Item*> byName_;
+    std::vector<Item*> inOrder_;
+};
+
+class Item {
+public:
+    using Observer = std::function<void(ItemChange)>;
+
+    Item(ItemRegistry& registry, std::string name, ItemKind kind, bool visible);
+    virtual ~Item() = default;
+    Item(const Item&) = delete;
+    Item& operator=(const Item&) = delete;
+
+    const std::string& Name() const { return name_; }
+    ItemKind Kind() const { return kind_; }
+    bool Visible() const { return visible_; }
+    void SetVisible(bool visible);
+
+    // The observer lives as long as the item; the token lets a view detach itself.
+    int Observe(Observer observer);
+    void StopObserving(int token);
+
+protected:
+    void Notify(ItemChange change);
+
+private:
+    std::string name_;
+    ItemKind kind_;
+    bool visible_;
+    std::map<int, Observer> observers_;
+    int nextToken_ = 0;
+};
+
+// Text, number, styled and label items: one text.
+class TextItem : public Item {
+public:
+    TextItem(ItemRegistry& registry, std::string name, ItemKind kind = ItemKind::Text,
+             std::string text = "", bool visible = true);
+    const std::string& Text() const { return text_; }
+    // Notifies only when the text really changes.
+    void SetText(const std::string& text);
+
+private:
+    std::string text_;
+};
+
+class FlagItem : public Item {
+public:
+    FlagItem(ItemRegistry& registry, std::string name, bool value);
+    bool Value() const { return value_; }
+    void SetValue(bool value);
+
+private:
+    bool value_;
+};
+
+// Combo (free text with offered rows) and choice (one of its rows, or none).
+class ComboItem : public Item {
+public:
+    ComboItem(ItemRegistry& registry, std::string name, ItemKind kind,
+              std::vector<std::string> rows = {}, bool visible = true);
+    const std::string& Text() const { return text_; }
+    // A combo takes any text; a choice selects the row of that text, or none.
+    void SetText(const std::string& text);
+    void AddRow(const std::string& text);
+    void DeleteAllRows();
+    const std::string& List(int index) const;
+    int ListCount() const { return static_cast<int>(rows_.size()); }
+    int ListIndex() const { return listIndex_; }
+    // Selecting a row puts its text in the item; -1 leaves a combo's text and empties a choice.
+    void SetListIndex(int index);
+    const std::vector<std::string>& Rows() const { return rows_; }
+
+private:
+    int rowOf(const std::string& text) const;
+    void setTextAndIndex(const std::string& text, int index);
+
+    std::string text_;
+    std::vector<std::string> rows_;
+    int listIndex_ = -1;
+};
+
+// A list of rows with a fixed number of text columns; a cell never written reads "".
+class ListItem : public Item {
+public:
+    ListItem(ItemRegistry& registry, std::string name, int columnCount,
+             std::vector<std::string> headings, bool visible = true);
+    int ColumnCount() const { return columnCount_; }
+    int ListCount() const { return static_cast<int>(rows_.size()); }
+    // Row and column out of range are faults of the caller: std::out_of_range.
+    const std::string& Cell(int row, int column) const;
+    void SetCell(int row, int column, const std::string& value);
+    // Appends a row with column 0 set; LastIndex() yields it.
+    void AddRow(const std::string& text);
+    void InsertRow(int row, const std::string& text);
+    void RemoveRow(int row);
+    void DeleteAllRows();
+    int LastIndex() const { return lastIndex_; }
+
+    int ListIndex() const;  // first selected row, -1 when none
+    void SetListIndex(int row);  // that row alone becomes selected; -1 selects none
+    bool Selected(int row) const;
+    void SetSelected(int row, bool selected);
+
+    bool CellBold(int row, int column) const;
+    void SetCellBold(int row, int column, bool bold);
+    const std::string& Heading(int column) const;
+    void SetHeading(int column, const std::string& heading);
+
+private:
+    struct Row {
+        std::vector<std::string> cells;
+        std::vector<bool> bold;
+        bool selected = false;
+    };
+    Row& row(int index);
+    const Row& row(int index) const;
+    void checkColumn(int column) const;
+    Row makeRow(const std::string& text) const;
+
+    int columnCount_;
+    std::vector<std::string> headings_;
+    std::vector<Row> rows_;
+    int lastIndex_ = -1;
+};
+
+}  // namespace zeph

@@ -1,0 +1,96 @@
+#include "shell/App.h"
+
+#include <filesystem>
+
+#include "platform/Files.h"
+#include "platform/Platform.h"
+#include "ruledata/DataModule.h"
+#include "ruledata/RuleData.h"
+
+namespace zeph {
+namespace {
+
+const char* const kFirstRunMessage =
+    "Please select a data file to use. Zephalon will not operate without an xml data file.";
+const char* const kMissingFileMessage =
+    "Please locate a data file in XML format for Zephalon to use.";
+const char* const kInvalidPreferencesMessage = "The preferences file is invalid.";
+
+}  // namespace
+
+std::string App::BundledRulesFolder() const {
+    // Beside the binaries in a build tree (build/bin), or in an installed share folder.
+    const std::string appFolder = platform_.ApplicationFolder();
+    for (const char* relative : {"../../data/rules", "../share/zephalon/rules", "data/rules"}) {
+        std::string folder = AbsolutePath(JoinPath(appFolder, relative));
+        if (IsExistingFolder(folder)) return folder;
+    }
+    return "";
+}
+
+std::string App::askForDataFile(const std::string& message) {
+    platform_.MsgBox(message);
+    auto chosen = platform_.OpenFileDialog(FileTypes::TextXml, BundledRulesFolder());
+    if (!chosen) QuitProgram(platform_, 0);
+    data_.datafilepath = AbsolutePath(*chosen);
+    return data_.datafilepath;
+}
+
+std::string App::GetDataFile() {
+    const std::string prefsPath = JoinPath(platform_.PreferencesFolder(), kPreferencesFileName);
+    if (!IsExistingFile(prefsPath)) return askForDataFile(kFirstRunMessage);
+
+    try {
+        auto prefs = RuleData::LoadFile(prefsPath);
+        if (auto path = prefs->Leaf("//pathtodatafile")) data_.datafilepath = *path;
+        const std::string separator(1, kKnownDataFileSeparator);
+        XmlNodeList files = prefs->Query("//datafiles");
+        for (int i = 0; i < files.Count(); ++i) {
+            XmlNode file = files.Item(i);
+            data_.knowndatafiles.push_back(file.Attribute("name") + separator +
+                                           file.Attribute("filename") + separator +
+                                           file.Attribute("path"));
+        }
+        XmlNodeList recent = prefs->Query("//recentitem");
+        for (int i = 0; i < recent.Count(); ++i) {
+            data_.recentItemsName.push_back(recent.Item(i).Attribute("filename"));
+            data_.recentItemsPaths.push_back(recent.Item(i).Attribute("path"));
+        }
+    } catch (const XmlError& failure) {
+        platform_.MsgBox(FormatXmlFailure(failure));
+        return "";
+    }
+    return data_.datafilepath;
+}
+
+void App::LoadData() {
+    std::string path = GetDataFile();
+    // A stored path that is not absolute cannot name a file of ours: the preferences were
+    // edited by hand. An empty one is taken as a missing file, so the user is asked for one.
+    if (!path.empty() && !std::filesystem::path(path).is_absolute()) {
+        platform_.MsgBox(kInvalidPreferencesMessage);
+        return;
+    }
+    std::error_code error;
+    if (path.empty() || !std::filesystem::exists(path, error))
+        path = askForDataFile(kMissingFileMessage);
+    if (LoadDataFile(path)) doneloading = true;
+}
+
+bool App::LoadDataFile(const std::string& path) {
+    data_.xdata = std::make_unique<RuleData>();
+    try {
+        data_.xdata = RuleData::LoadFile(path);
+        XmlNodeList root = data_.xdata->Query("//zephalondata");
+        if (!root.Empty()) data_.zephalondata = root.Item(0).Attribute("books");
+        XmlNodeList tables = data_.xdata->Query("zephalondata/tabledata/table");
+        for (int i = 0; i < tables.Count(); ++i)
+            data_.referenceTables.push_back(tables.Item(i).Attribute("name"));
+    } catch (const XmlError& failure) {
+        platform_.MsgBox(FormatXmlFailure(failure));
+        return false;
+    }
+    return true;
+}
+
+}  // namespace zeph
