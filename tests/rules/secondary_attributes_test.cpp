@@ -1,0 +1,194 @@
+#include <gtest/gtest.h>
+
+#include "support/SheetFixture.h"
+
+using namespace zeph;
+using zeph::testing::SheetTest;
+
+class Recomputation : public SheetTest {
+protected:
+    void SetUp() override {
+        data.xdata = RuleData::LoadFile(zeph::testing::SmallRulesPath());
+        sheet = std::make_unique<CharacterSheet>(data, platform);
+    }
+    // Picks the type and choice as the user does; the choice's change recomputes.
+    void Choose(const std::string& type, const std::string& choice) {
+        sheet->CharacterTypePopup.SetText(type);
+        sheet->ChooseCharPopup.SetText(choice);
+        sheet->FigureSecondaryAttributes();
+    }
+    std::string text(const TextItem& item) { return item.Text(); }
+};
+
+TEST_F(Recomputation, WithNoTypeTheTotalsAreTheFieldsAndTheBudgetsStayEmpty) {
+    SetFields({"2", "3", "4", "2", "2", "2"});
+    sheet->attrBonus[Strength] = 1;
+    sheet->FigureSecondaryAttributes();
+    EXPECT_EQ(text(sheet->StrengthBonus), "1");
+    EXPECT_EQ(text(sheet->StrengthTotal), "3");
+    EXPECT_EQ(text(sheet->DexterityTotal), "3");
+    EXPECT_EQ(text(sheet->LifePointsTotal), "0");
+    EXPECT_EQ(text(sheet->EnduranceTotal), "0");
+    EXPECT_EQ(text(sheet->SpeedTotal), "14");
+    EXPECT_EQ(text(sheet->EssenceTotal), "16");
+    EXPECT_EQ(text(sheet->AttributeField), "");
+    EXPECT_EQ(text(sheet->SkillField), "");
+    EXPECT_TRUE(sheet->EnduranceTotal.Visible());
+    EXPECT_FALSE(sheet->DPField.Visible());
+}
+
+TEST_F(Recomputation, FormulasAndBudgetsOfTheChoice) {
+    SetFields({"3", "4", "3", "2", "3", "6"});
+    Choose("Human", "Survivor");
+    EXPECT_EQ(text(sheet->LifePointsTotal), "34");
+    EXPECT_EQ(text(sheet->EnduranceTotal), "41");
+    EXPECT_EQ(text(sheet->SpeedTotal), "14");
+    EXPECT_EQ(text(sheet->EssenceTotal), "21");
+    EXPECT_EQ(text(sheet->AttributeField), "23/20");
+    EXPECT_EQ(text(sheet->SkillField), "0/25");
+    EXPECT_EQ(text(sheet->MetaField), "0/5");
+    EXPECT_EQ(text(sheet->LPText), "Life Points:");
+    EXPECT_EQ(sheet->physicalBonus, 3);
+    EXPECT_EQ(sheet->mentalBonus, 2);
+    EXPECT_FALSE(sheet->savedChar);
+}
+
+TEST_F(Recomputation, PartlyPlacedFreePointsGoBackToThePoolWhollyPlacedOnesStay) {
+    Choose("Human", "Survivor");
+    sheet->AttributeBonus_MouseDown(Strength);
+    sheet->AttributeBonus_MouseDown(Strength);
+    sheet->FigureSecondaryAttributes();
+    EXPECT_EQ(sheet->physicalBonus, 3);
+    EXPECT_EQ(text(sheet->StrengthBonus), "0");
+
+    for (int i = 0; i < 3; ++i) sheet->AttributeBonus_MouseDown(Strength);
+    sheet->AttributeBonus_MouseDown(Willpower);
+    sheet->AttributeBonus_MouseDown(Perception);
+    sheet->FigureSecondaryAttributes();
+    EXPECT_EQ(sheet->physicalBonus, 0);
+    EXPECT_EQ(text(sheet->StrengthBonus), "3");
+    EXPECT_EQ(text(sheet->StrengthTotal), "3");
+    EXPECT_EQ(sheet->attrBonus[Strength], 3);
+}
+
+TEST_F(Recomputation, AQualityBonusSendsPlacedPointsBackAtEveryRun) {
+    Choose("Human", "Survivor");
+    for (int i = 0; i < 3; ++i) sheet->AttributeBonus_MouseDown(Dexterity);
+    AddQualityRow("Brawny", {{1, "1"}, {11, "1"}});
+    sheet->FigureSecondaryAttributes();
+    EXPECT_EQ(sheet->physicalBonus, 3);
+    EXPECT_EQ(text(sheet->DexterityBonus), "0");
+    EXPECT_EQ(text(sheet->StrengthBonus), "1");
+    sheet->FigureSecondaryAttributes();
+    EXPECT_EQ(text(sheet->StrengthBonus), "1");  // does not grow run by run
+}
+
+TEST_F(Recomputation, SpeedDividesOnlyWithASlash) {
+    SetFields({"", "4", "3", "", "", ""});
+    Choose("Human", "Fast");
+    EXPECT_EQ(text(sheet->SpeedBonus), "2");
+    EXPECT_EQ(text(sheet->SpeedTotal), "16");
+    EXPECT_EQ(text(sheet->EssenceBonus), "3");
+    Choose("Human", "Slow");
+    EXPECT_EQ(text(sheet->SpeedBonus), "0");
+    EXPECT_EQ(text(sheet->SpeedTotal), "7");
+    SetFields({"", "2", "3", "", "", ""});
+    Choose("Human", "Slower");
+    EXPECT_EQ(text(sheet->SpeedTotal), "3");  // 10 / 4 rounds up from 2.5
+}
+
+TEST_F(Recomputation, VitalEssenceFormsEssenceBeforeTheBonusGoesIn) {
+    SetFields({"2", "2", "2", "2", "2", "2"});
+    AddQualityRow("Inner Well", {{1, "1"}, {22, "3"}});
+    Choose("Gifted", "Vital");
+    EXPECT_EQ(text(sheet->LPText), "Vital Ess.:");
+    EXPECT_EQ(text(sheet->WillpowerTotal), "3");
+    EXPECT_EQ(text(sheet->EssenceBonus), "3");
+    EXPECT_EQ(text(sheet->EssenceTotal), "49");    // (13 + 10) * 2 + 3
+    EXPECT_EQ(text(sheet->LifePointsTotal), "26");  // 13 + 10 + 3
+}
+
+TEST_F(Recomputation, DramaPointsFollowTheRecordUntilTheCharacterIsInPlay) {
+    Choose("Gifted", "Vital");
+    EXPECT_TRUE(sheet->DPField.Visible());
+    EXPECT_TRUE(sheet->DPText.Visible());
+    EXPECT_EQ(text(sheet->DPField), "20");
+    for (Item* hidden : std::initializer_list<Item*>{
+             &sheet->EndText, &sheet->EnduranceBonus, &sheet->EnduranceTotal, &sheet->SpeedText,
+             &sheet->SpeedBonus, &sheet->SpeedTotal, &sheet->EssenceLabel, &sheet->EssenceBonus,
+             &sheet->EssenceTotal})
+        EXPECT_FALSE(hidden->Visible()) << hidden->Name();
+    sheet->DPField.SetText("15");
+    sheet->FigureSecondaryAttributes();
+    EXPECT_EQ(text(sheet->DPField), "20");
+    sheet->CharacterInPlayBox.SetValue(true);
+    sheet->DPField.SetText("15");
+    sheet->FigureSecondaryAttributes();
+    EXPECT_EQ(text(sheet->DPField), "15");
+
+    Choose("Human", "Survivor");
+    EXPECT_FALSE(sheet->DPField.Visible());
+    EXPECT_TRUE(sheet->EssenceTotal.Visible());
+}
+
+TEST_F(Recomputation, MentalAndPhysicalTakeTheirMultiplierFromTheMetaColumn) {
+    SetFields({"2", "1", "1", "2", "4", "3"});
+    AddQualityRow("Odd Gift", {{1, "1"}, {17, "Mental&&2"}});
+    Choose("Human", "Survivor");
+    EXPECT_EQ(text(sheet->SkillField), "0/25");  // no meta multiplier: adds nothing
+    sheet->QualityListBox.SetCell(0, 19, "Strength&&3");
+    sheet->FigureSecondaryAttributes();
+    EXPECT_EQ(text(sheet->SkillField), "0/37");  // 3 * highest mental 4
+    EXPECT_EQ(text(sheet->MetaField), "0/11");   // 5 + 3 * Strength 2
+    sheet->QualityListBox.SetCell(0, 17, "Perception&&2");
+    sheet->FigureSecondaryAttributes();
+    EXPECT_EQ(text(sheet->SkillField), "0/33");  // a plain word reads its own multiplier
+    sheet->QualityListBox.SetCell(0, 17, "5");
+    sheet->FigureSecondaryAttributes();
+    EXPECT_EQ(text(sheet->SkillField), "0/25");  // a plain number adds nothing
+}
+
+TEST_F(Recomputation, FractionsAreCutRowByRow) {
+    AddQualityRow("Spark", {{1, "1"}, {22, "0.5"}});
+    AddQualityRow("Spark", {{1, "1"}, {22, "0.5"}});
+    Choose("Human", "Survivor");
+    EXPECT_EQ(text(sheet->EssenceBonus), "0");
+    sheet->QualityListBox.RemoveRow(1);
+    sheet->QualityListBox.SetCell(0, 1, "3");
+    sheet->FigureSecondaryAttributes();
+    EXPECT_EQ(text(sheet->EssenceBonus), "1");
+}
+
+TEST_F(Recomputation, TheOptionalSystemChangesTheSkillBudget) {
+    SetFields({"", "", "", "2", "", ""});
+    AddQualityRow("Quick Study", {{1, "1"}, {18, "2"}});
+    Choose("Human", "Survivor");
+    EXPECT_EQ(text(sheet->SkillField), "0/25");  // column 18 not read
+    sheet->OptionalSkillPointBox.SetValue(true);  // its action recomputes
+    EXPECT_EQ(text(sheet->SkillField), "0/23");   // 15 + 2 + 3 * Intelligence 2
+    sheet->loadingCharFile = true;
+    sheet->OptionalSkillPointBox.SetValue(false);
+    EXPECT_EQ(text(sheet->SkillField), "0/23");
+}
+
+TEST_F(Recomputation, TheTaintPoolJoinsTheSummary) {
+    AddQualityRow("Taint Pool Reserve", {{1, "2"}, {26, "5"}});
+    Choose("Human", "Survivor");
+    EXPECT_EQ(text(sheet->ExtraStatsField), "Taint Pool: 10");
+    AddQualityRow("Essence Channeling", {{1, "1"}, {10, "Essence Channeling"}});
+    sheet->m_all_bonuses[12] = 3;
+    sheet->FigureSecondaryAttributes();
+    EXPECT_EQ(text(sheet->ExtraStatsField), "Essence Channeling: 1, Taint Pool: 13");
+}
+
+TEST_F(Recomputation, AnXmlFailureShowsTheReportAndStops) {
+    SetFields({"3", "", "", "", "", ""});
+    sheet->CharacterTypePopup.SetText("Devil's Own");
+    platform = ScriptedPlatform("/p", "/a", "/tmp");
+    sheet->FigureSecondaryAttributes();
+    ASSERT_EQ(platform.Messages().size(), 1u);
+    EXPECT_NE(platform.Messages()[0].find("\n At node: //charactertype/type[@value='Devil's Own']"),
+              std::string::npos)
+        << platform.Messages()[0];
+    EXPECT_EQ(text(sheet->StrengthTotal), "0");
+}

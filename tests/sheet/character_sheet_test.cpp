@@ -1,0 +1,142 @@
+#include <gtest/gtest.h>
+
+#include "sheet/Operations.h"
+#include "sheet/TextHelpers.h"
+#include "support/SheetFixture.h"
+
+using namespace zeph;
+using zeph::testing::SheetTest;
+
+class NewSheet : public SheetTest {
+protected:
+    void SetUp() override { UseRules("<zephalondata/>"); }
+};
+
+TEST_F(NewSheet, StartsCleanWithTheDefaultsOfEachItem) {
+    EXPECT_TRUE(sheet->savedChar);
+    EXPECT_EQ(sheet->q_row, 0);
+    EXPECT_EQ(sheet->s_row, 0);
+    EXPECT_EQ(sheet->m_row, 0);
+    EXPECT_EQ(sheet->GenderField.Text(), "Male or Female");
+    EXPECT_EQ(sheet->AgeField.Text(), "21");
+    EXPECT_EQ(sheet->StrengthBonus.Text(), "0");
+    EXPECT_EQ(sheet->StrengthField.Text(), "");
+    EXPECT_FALSE(sheet->DPField.Visible());
+    EXPECT_FALSE(sheet->QualityAlternateFormCombo.Visible());
+    EXPECT_FALSE(sheet->JournalField.Visible());
+    EXPECT_TRUE(sheet->QualitiesSeparateQDBox.Value());
+    EXPECT_EQ(sheet->SkillTypeCombo.ListCount(), 3);
+    EXPECT_EQ(sheet->QualityListBox.ColumnCount(), 28);
+    EXPECT_EQ(sheet->SkillListBox.ColumnCount(), 8);
+    EXPECT_EQ(sheet->MetaListBox.ColumnCount(), 26);
+    EXPECT_EQ(sheet->attrBonus.size(), 7u);
+    EXPECT_EQ(sheet->m_all_bonuses.size(), 15u);
+}
+
+TEST_F(NewSheet, EveryEditOfATrackedItemMarksItDirty) {
+    for (const char* name : {"NameField", "StrengthField", "QualityField", "AgeField",
+                             "NotesField", "EquipmentField", "DPField", "ConceptBox"}) {
+        sheet->savedChar = true;
+        Item* item = sheet->Items().Find(name);
+        ASSERT_NE(item, nullptr) << name;
+        if (auto* text = dynamic_cast<TextItem*>(item)) text->SetText("12");
+        else dynamic_cast<ComboItem*>(item)->SetText("12");
+        EXPECT_FALSE(sheet->savedChar) << name;
+    }
+}
+
+TEST_F(NewSheet, WritingTheSameTextOrAnUntrackedItemLeavesItClean) {
+    sheet->QualityField.SetText("3/10");
+    sheet->savedChar = true;
+    sheet->QualityField.SetText("3/10");
+    sheet->AttributeField.SetText("1/20");
+    sheet->ContactsField.SetText("a friend");
+    sheet->CharacterInPlayBox.SetValue(true);
+    EXPECT_TRUE(sheet->savedChar);
+}
+
+TEST_F(NewSheet, ChangesDuringALoadDoNotMarkIt) {
+    sheet->loadingCharFile = true;
+    sheet->NameField.SetText("Vera");
+    sheet->StrengthField.SetText("4");
+    EXPECT_TRUE(sheet->savedChar);
+}
+
+TEST_F(NewSheet, ListCellsNeverWrittenReadEmptyAndEveryRowHasEveryColumn) {
+    sheet->QualityListBox.AddRow("--");
+    EXPECT_EQ(sheet->QualityListBox.LastIndex(), 0);
+    EXPECT_EQ(sheet->QualityListBox.Cell(0, 27), "");
+    EXPECT_EQ(Val(sheet->QualityListBox.Cell(0, 1)), 0);
+    EXPECT_THROW(sheet->QualityListBox.Cell(0, 28), std::out_of_range);
+    EXPECT_THROW(sheet->QualityListBox.Cell(1, 0), std::out_of_range);
+    sheet->QualityListBox.InsertRow(0, "First");
+    EXPECT_EQ(sheet->QualityListBox.Cell(1, 0), "--");
+}
+
+TEST_F(NewSheet, AListHasOneSelectedRowAndBoldMarks) {
+    ListItem& moves = sheet->SkillMartialVisualListBox;
+    moves.AddRow("*Strike");
+    moves.AddRow("Kick");
+    moves.SetCellBold(0, 0, true);
+    moves.SetListIndex(1);
+    EXPECT_EQ(moves.ListIndex(), 1);
+    EXPECT_FALSE(moves.Selected(0));
+    EXPECT_TRUE(moves.CellBold(0, 0));
+    EXPECT_FALSE(moves.CellBold(1, 0));
+    moves.RemoveRow(0);
+    EXPECT_EQ(moves.ListIndex(), 0);
+    EXPECT_EQ(moves.Heading(0), "Martial Maneuver");
+}
+
+TEST_F(NewSheet, AComboKeepsFreeTextWhileAChoiceOnlyTakesItsRows) {
+    ComboItem& combo = sheet->ConceptBox;
+    combo.AddRow("Drifter");
+    combo.SetText("Someone else");
+    EXPECT_EQ(combo.ListIndex(), -1);
+    combo.SetText("Drifter");
+    EXPECT_EQ(combo.ListIndex(), 0);
+    combo.DeleteAllRows();
+    EXPECT_EQ(combo.Text(), "Drifter");
+    EXPECT_EQ(combo.ListIndex(), -1);
+
+    ComboItem& choice = sheet->QualityPopup;
+    choice.AddRow("Brawny");
+    choice.SetText("Unknown");
+    EXPECT_EQ(choice.Text(), "");
+    choice.SetListIndex(0);
+    EXPECT_EQ(choice.Text(), "Brawny");
+    choice.DeleteAllRows();
+    EXPECT_EQ(choice.Text(), "");
+}
+
+TEST_F(NewSheet, ObserversHearChangesAndCanDetach) {
+    int heard = 0;
+    int token = sheet->StrengthTotal.Observe([&](ItemChange) { ++heard; });
+    sheet->StrengthTotal.SetText("4");
+    sheet->StrengthTotal.SetText("4");
+    sheet->StrengthTotal.SetVisible(false);
+    EXPECT_EQ(heard, 2);
+    sheet->StrengthTotal.StopObserving(token);
+    sheet->StrengthTotal.SetText("5");
+    EXPECT_EQ(heard, 2);
+}
+
+TEST_F(NewSheet, ItemsPropertiesAndOperationsAreFoundByName) {
+    EXPECT_EQ(sheet->Items().Find("StrengthField"), &sheet->StrengthField);
+    EXPECT_EQ(sheet->Items().Find("NoSuchField"), nullptr);
+    sheet->Properties().Find("attrBonus")->set("1,2,3");
+    EXPECT_EQ(sheet->attrBonus[2], 3);
+    EXPECT_EQ(sheet->Properties().Find("attrBonus")->get(), "1,2,3,0,0,0,0");
+    EXPECT_EQ(sheet->Properties().Find("savedChar")->get(), "true");
+    for (const char* name : {"StrengthBonus_MouseDown", "WillpowerField_LostFocus",
+                             "NameField_TextChange", "EquipmentField_TextChange",
+                             "ChooseCharPopup_LostFocus", "FigureSecondaryAttributes",
+                             "TabPanel1_Change", "QualityGetBonus", "OptionalSkillPointBox_Action"})
+        EXPECT_TRUE(SheetOperations().count(name)) << name;
+}
+
+TEST_F(NewSheet, NameLostFocusTitlesTheCharacter) {
+    sheet->NameField.SetText("Vera Lund");
+    sheet->NameField_LostFocus();
+    EXPECT_EQ(sheet->title, "Zephalon CC: Vera Lund");
+}

@@ -1,0 +1,54 @@
+// A sheet over a small rule data text, with a scripted platform that records every message.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "platform/ScriptedPlatform.h"
+#include "ruledata/DataModule.h"
+#include "sheet/CharacterSheet.h"
+
+namespace zeph::testing {
+
+inline std::string SamplePath() { return std::string(ZEPHALON_SOURCE_DIR) + "/data/rules/sample.xml"; }
+
+class SheetTest : public ::testing::Test {
+protected:
+    SheetTest() : platform("/nonexistent-prefs", "/nonexistent-app", "/tmp") {}
+
+    // Makes the sheet over the rule data text (a whole document).
+    void UseRules(const std::string& xml) {
+        data.xdata = RuleData::LoadText(xml);
+        sheet = std::make_unique<CharacterSheet>(data, platform);
+    }
+    void UseSample() {
+        data.xdata = RuleData::LoadFile(SamplePath());
+        sheet = std::make_unique<CharacterSheet>(data, platform);
+    }
+    // Appends a row of QualityListBox with the given cells (column, text).
+    int AddQualityRow(const std::string& name,
+                      std::initializer_list<std::pair<int, std::string>> cells) {
+        sheet->QualityListBox.AddRow(name);
+        int row = sheet->QualityListBox.LastIndex();
+        for (const auto& [column, text] : cells) sheet->QualityListBox.SetCell(row, column, text);
+        return row;
+    }
+    void SetFields(std::initializer_list<const char*> values) {
+        int a = 0;
+        for (const char* value : values) sheet->AttributeOf(a++).field.SetText(value);
+    }
+
+    ScriptedPlatform platform;
+    DataModule data;
+    std::unique_ptr<CharacterSheet> sheet;
+};
+
+}  // namespace zeph::testing
+
+namespace zeph::testing {
+inline std::string SmallRulesPath() {
+    return std::string(ZEPHALON_SOURCE_DIR) + "/tests/data/small_rules.xml";
+}
+}  // namespace zeph::testing
