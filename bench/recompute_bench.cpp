@@ -1,0 +1,61 @@
+// The recomputation on a sheet of 30 quality rows, over the sample and over the large file:
+// it runs on every tab change and every edit of an attribute, so it must not lag.
+#include <benchmark/benchmark.h>
+
+#include <string>
+
+#include "large_rule_data.h"
+#include "platform/ScriptedPlatform.h"
+#include "ruledata/DataModule.h"
+#include "sheet/CharacterSheet.h"
+
+namespace zeph::bench {
+namespace {
+
+constexpr int kQualityRows = 30;
+
+// Fills the sheet as a player would have: the file's last type and its first choice, six
+// attributes, and 30 quality rows carrying every kind of bonus column.
+void PrepareSheet(CharacterSheet& sheet, const RuleData& rules) {
+    XmlNodeList types = rules.Query("//charactertype/type");
+    const std::string type = types.Item(types.Count() - 1).Attribute("value");
+    const std::string choice =
+        rules.Query("//charactertype/type[@value='" + type + "']/name").Item(0).Attribute("value");
+    sheet.CharacterTypePopup.SetText(type);
+    sheet.ChooseCharPopup.SetText(choice);
+    for (int a = 0; a < kAttributeCount; ++a) sheet.AttributeOf(a).field.SetText(std::to_string(2 + a % 3));
+
+    XmlNodeList names = rules.Query("//qualities/type/name");
+    ListItem& list = sheet.QualityListBox;
+    for (int i = 0; i < kQualityRows; ++i) {
+        list.AddRow(names.Item(i % names.Count()).Attribute("value"));
+        const int row = list.LastIndex();
+        list.SetCell(row, 1, std::to_string(1 + i % 3));
+        list.SetCell(row, 2, std::to_string(i % 2 ? 2 : -1));
+        if (i % 7 == 0) list.SetCell(row, 10, "Essence Channeling");
+        list.SetCell(row, 11 + i % 6, "1");
+        list.SetCell(row, 17, "Intelligence&&1");
+        list.SetCell(row, 19, "Mental&&1");
+        list.SetCell(row, 20, "Attr&&1");
+        list.SetCell(row, 21, "Physical&&1");
+        list.SetCell(row, 22, "0.5");
+        list.SetCell(row, 23, "2");
+        list.SetCell(row, 26, i % 5 == 0 ? "5" : "");
+    }
+}
+
+void Recompute(benchmark::State& state, std::string (*path)()) {
+    DataModule data;
+    data.xdata = RuleData::LoadFile(path());
+    ScriptedPlatform platform("/nonexistent-prefs", "/nonexistent-app", "/tmp");
+    CharacterSheet sheet(data, platform);
+    PrepareSheet(sheet, *data.xdata);
+    for (auto _ : state) sheet.FigureSecondaryAttributes();
+    if (!platform.Messages().empty()) state.SkipWithError(platform.Messages().front().c_str());
+}
+
+BENCHMARK_CAPTURE(Recompute, sample, &SampleRuleDataPath)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Recompute, large, &LargeRuleDataPath)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+}  // namespace zeph::bench
