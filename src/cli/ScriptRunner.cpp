@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <regex>
 
+#include "platform/Files.h"
 #include "sheet/Operations.h"
 #include "sheet/TextHelpers.h"
 
@@ -80,7 +81,8 @@ Item& ScriptRunner::item(const std::string& name) {
 void ScriptRunner::runLine(const std::string& line) {
     auto [command, rest] = firstWord(line);
     if (command == "data") {
-        app_.LoadDataFile(rest);
+        data_.datafilepath = AbsolutePath(rest);
+        app_.doneloading = app_.LoadDataFile(data_.datafilepath);
         return;
     }
     if (command == "answer") {

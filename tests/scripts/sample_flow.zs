@@ -27,3 +27,5 @@ expect DrawbackField 0/10
 expect MetaField 0/0
 expect InfoText Attr(23/20) Q(0/10) D(0/10) S(0/25) M(0/0)      |     Books in use: ZSB ZMC WC
 expect DPField.visible false
+expect App.doneloading true
+do DataModule.SaveDataFilePreferences
