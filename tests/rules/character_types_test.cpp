@@ -7,10 +7,7 @@ using zeph::testing::SheetTest;
 
 class CharacterTypes : public SheetTest {
 protected:
-    void SetUp() override {
-        data.xdata = RuleData::LoadFile(zeph::testing::SmallRulesPath());
-        sheet = std::make_unique<CharacterSheet>(data, platform);
-    }
+    void SetUp() override { UseSmallRules(); }
     std::vector<std::string> names() {
         std::vector<std::string> result;
         for (int row = 0; row < sheet->QualityListBox.ListCount(); ++row)

@@ -7,10 +7,7 @@ using zeph::testing::SheetTest;
 
 class Recomputation : public SheetTest {
 protected:
-    void SetUp() override {
-        data.xdata = RuleData::LoadFile(zeph::testing::SmallRulesPath());
-        sheet = std::make_unique<CharacterSheet>(data, platform);
-    }
+    void SetUp() override { UseSmallRules(); }
     // Picks the type and choice as the user does; the choice's change recomputes.
     void Choose(const std::string& type, const std::string& choice) {
         sheet->CharacterTypePopup.SetText(type);

@@ -23,6 +23,11 @@ protected:
         data.xdata = RuleData::LoadText(xml);
         sheet = std::make_unique<CharacterSheet>(data, platform);
     }
+    // The small rule data of the rules tests, in tests/data.
+    void UseSmallRules() {
+        data.xdata = RuleData::LoadFile(std::string(ZEPHALON_SOURCE_DIR) + "/tests/data/small_rules.xml");
+        sheet = std::make_unique<CharacterSheet>(data, platform);
+    }
     void UseSample() {
         data.xdata = RuleData::LoadFile(SamplePath());
         sheet = std::make_unique<CharacterSheet>(data, platform);
@@ -47,8 +52,3 @@ protected:
 
 }  // namespace zeph::testing
 
-namespace zeph::testing {
-inline std::string SmallRulesPath() {
-    return std::string(ZEPHALON_SOURCE_DIR) + "/tests/data/small_rules.xml";
-}
-}  // namespace zeph::testing
