@@ -233,9 +233,9 @@ void CharacterSheet::FigureSecondaryAttributes() {
         }
 
         // Step 10: drama-point mode. The hidden items keep being computed.
-        const bool dramaPoints = !Rules().Query(choicePath + "/dramapts").Empty();
-        if (dramaPoints && !CharacterInPlayBox.Value())
-            DPField.SetText(Rules().Record(choicePath + "/dramapts")->Attribute("points"));
+        auto drama = Rules().Record(choicePath + "/dramapts");
+        const bool dramaPoints = drama.has_value();
+        if (dramaPoints && !CharacterInPlayBox.Value()) DPField.SetText(drama->Attribute("points"));
         DPField.SetVisible(dramaPoints);
         DPText.SetVisible(dramaPoints);
         for (Item* item : std::initializer_list<Item*>{
