@@ -1,5 +1,6 @@
 #include "ruledata/RuleData.h"
 
+#include <libxml/globals.h>
 #include <libxml/parser.h>
 #include <libxml/xpath.h>
 #include <libxml/xpathInternals.h>
@@ -12,8 +13,11 @@ namespace {
 // Collects the first error libxml2 raises while it is alive, instead of printing it.
 class ErrorCatcher {
 public:
-    ErrorCatcher() { xmlSetStructuredErrorFunc(this, &ErrorCatcher::record); }
-    ~ErrorCatcher() { xmlSetStructuredErrorFunc(nullptr, nullptr); }
+    ErrorCatcher()
+        : previousHandler_(xmlStructuredError), previousContext_(xmlStructuredErrorContext) {
+        xmlSetStructuredErrorFunc(this, &ErrorCatcher::record);
+    }
+    ~ErrorCatcher() { xmlSetStructuredErrorFunc(previousContext_, previousHandler_); }
     ErrorCatcher(const ErrorCatcher&) = delete;
     ErrorCatcher& operator=(const ErrorCatcher&) = delete;
 
@@ -33,6 +37,8 @@ public:
         throw XmlError(message, node.empty() ? fallbackNode : node, line);
     }
 
+    xmlStructuredErrorFunc previousHandler_;
+    void* previousContext_;
     bool caught = false;
     std::string message;
     std::string node;
