@@ -186,7 +186,7 @@ public:
     std::string fileSaveString;
     bool loadingCharFile = false;
     bool savedChar = true;
-    std::string title = "Untitled";
+    std::string title = "Zephalon Character Creator";
 
     // The field, bonus and total items of one primary attribute.
     struct AttributeItems {
