@@ -1,1 +1,90 @@
-// placeholder
+#include "platform/qt/QtPlatform.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStringList>
+#include <QUrl>
+
+namespace zeph {
+namespace {
+
+QString q(const std::string& text) { return QString::fromStdString(text); }
+
+// Dialogs sit over whichever window the user is working in, if any.
+QWidget* dialogParent() { return QApplication::activeWindow(); }
+
+std::optional<std::string> chosen(const QString& path) {
+    if (path.isEmpty()) return std::nullopt;
+    return path.toStdString();
+}
+
+}  // namespace
+
+QString FileDialogFilter(const FileType& type) {
+    QStringList patterns;
+    for (const QString& extension : q(type.extensions).split(';', Qt::SkipEmptyParts))
+        patterns << "*" + extension.trimmed();
+    return q(type.name) + " (" + patterns.join(' ') + ")";
+}
+
+void QtPlatform::MsgBox(const std::string& text) {
+    QMessageBox box(dialogParent());
+    box.setWindowTitle(QApplication::applicationName());
+    box.setText(q(text));
+    box.exec();
+}
+
+std::optional<std::string> QtPlatform::OpenFileDialog(const FileType& type,
+                                                      const std::string& folder) {
+    return chosen(
+        QFileDialog::getOpenFileName(dialogParent(), "Open", q(folder), FileDialogFilter(type)));
+}
+
+std::optional<std::string> QtPlatform::SaveFileDialog(const FileType& type,
+                                                      const std::string& suggestedName) {
+    return chosen(QFileDialog::getSaveFileName(dialogParent(), "Save", q(suggestedName),
+                                               FileDialogFilter(type)));
+}
+
+std::optional<std::string> QtPlatform::SelectFolderDialog(const std::string& prompt) {
+    return chosen(QFileDialog::getExistingDirectory(dialogParent(), q(prompt)));
+}
+
+SaveChangesAnswer QtPlatform::AskSaveChanges(const std::string& documentName) {
+    QMessageBox box(dialogParent());
+    box.setWindowTitle(QApplication::applicationName());
+    box.setIcon(QMessageBox::Warning);
+    box.setText("Save changes to " + q(documentName) + " before closing?");
+    QPushButton* save = box.addButton("Save", QMessageBox::AcceptRole);
+    QPushButton* dontSave = box.addButton("Don't Save", QMessageBox::DestructiveRole);
+    QPushButton* cancel = box.addButton("Cancel", QMessageBox::RejectRole);
+    box.setDefaultButton(save);
+    box.setEscapeButton(cancel);
+    box.exec();
+    if (box.clickedButton() == save) return SaveChangesAnswer::Save;
+    if (box.clickedButton() == dontSave) return SaveChangesAnswer::DontSave;
+    return SaveChangesAnswer::Cancel;
+}
+
+std::string QtPlatform::PreferencesFolder() {
+    // The XDG rule: a relative XDG_CONFIG_HOME is to be ignored.
+    QString base = qEnvironmentVariable("XDG_CONFIG_HOME");
+    if (base.isEmpty() || QDir::isRelativePath(base)) base = QDir::homePath() + "/.config";
+    return (base + "/zephalon").toStdString();
+}
+
+std::string QtPlatform::ApplicationFolder() {
+    return QCoreApplication::applicationDirPath().toStdString();
+}
+
+std::string QtPlatform::TemporaryFolder() { return QDir::tempPath().toStdString(); }
+
+void QtPlatform::ShowURL(const std::string& url) { QDesktopServices::openUrl(QUrl(q(url))); }
+
+void QtPlatform::Quit(int code) { QCoreApplication::exit(code); }
+
+}  // namespace zeph

@@ -1,0 +1,32 @@
+// The platform of the desktop app: real dialogs and message boxes, the user's folders, the
+// browser, and the Qt event loop for quitting.
+#pragma once
+
+#include <QString>
+
+#include "platform/Platform.h"
+
+namespace zeph {
+
+class QtPlatform : public Platform {
+  public:
+    void MsgBox(const std::string& text) override;
+    std::optional<std::string> OpenFileDialog(const FileType& type,
+                                              const std::string& folder) override;
+    std::optional<std::string> SaveFileDialog(const FileType& type,
+                                              const std::string& suggestedName) override;
+    std::optional<std::string> SelectFolderDialog(const std::string& prompt) override;
+    SaveChangesAnswer AskSaveChanges(const std::string& documentName) override;
+
+    std::string PreferencesFolder() override;
+    std::string ApplicationFolder() override;
+    std::string TemporaryFolder() override;
+
+    void ShowURL(const std::string& url) override;
+    void Quit(int code) override;
+};
+
+// The file dialog filter of a file type: ".xml;.xsl" named "text" gives "text (*.xml *.xsl)".
+QString FileDialogFilter(const FileType& type);
+
+}  // namespace zeph

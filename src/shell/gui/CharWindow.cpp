@@ -1,0 +1,330 @@
+#include "shell/gui/CharWindow.h"
+
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTabWidget>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "sheet/CharacterSheet.h"
+#include "sheet/Operations.h"
+#include "shell/gui/CoreCall.h"
+#include "shell/gui/ItemBinding.h"
+
+namespace zeph::gui {
+namespace {
+
+constexpr int kStatusInterval = 1000;  // ms between refreshes of the status line
+
+QLabel* caption(const QString& text) { return new QLabel(text); }
+
+// A caption and its field side by side in a two-column form grid; `column` is 0 or 1.
+void addField(QGridLayout* grid, int row, int column, const QString& text, QWidget* field) {
+    grid->addWidget(caption(text), row, column * 2);
+    grid->addWidget(field, row, column * 2 + 1);
+}
+
+void addField(QGridLayout* grid, int row, int column, QWidget* label, QWidget* field) {
+    grid->addWidget(label, row, column * 2);
+    grid->addWidget(field, row, column * 2 + 1);
+}
+
+QGridLayout* formGrid() {
+    auto* grid = new QGridLayout;
+    grid->setColumnStretch(1, 1);
+    grid->setColumnStretch(3, 1);
+    grid->setHorizontalSpacing(10);
+    return grid;
+}
+
+QGroupBox* group(const QString& title, QLayout* layout) {
+    auto* box = new QGroupBox(title);
+    box->setLayout(layout);
+    return box;
+}
+
+}  // namespace
+
+CharWindow::CharWindow(std::unique_ptr<CharacterSheet> sheet, QWidget* parent)
+    : QMainWindow(parent), sheet_(std::move(sheet)) {
+    binder_ = std::make_unique<SheetBinder>(
+        *sheet_, [this](const std::function<void()>& work) { call(work); }, this);
+
+    tabs_ = new QTabWidget;
+    tabs_->setObjectName("TabPanel1");
+    tabs_->addTab(attributesTab(), "Attributes");
+    tabs_->addTab(qualitiesTab(), "Qualities");
+    tabs_->addTab(skillsTab(), "Skills");
+    tabs_->addTab(metaphysicsTab(), "Metaphysics");
+    tabs_->addTab(descriptionTab(), "Description");
+    tabs_->addTab(equipmentTab(), "Equipment");
+
+    auto* info = binder_->Label("InfoText");
+    info->setWordWrap(true);
+    info->setMinimumHeight(info->fontMetrics().lineSpacing() * 2);
+
+    auto* central = new QWidget;
+    auto* layout = new QVBoxLayout(central);
+    layout->addWidget(tabs_, 1);
+    layout->addWidget(info);
+    setCentralWidget(central);
+
+    binder_->ShowAll();
+    showTitle();
+    setMinimumSize(640, 500);
+    resize(960, 720);
+
+    // Connected only now: filling the tab panel above is no change of tab.
+    connect(tabs_, &QTabWidget::currentChanged, this, [this] { runOperation("TabPanel1_Change"); });
+
+    timer_ = new QTimer(this);
+    timer_->setObjectName("Timer1");
+    timer_->setInterval(kStatusInterval);
+    connect(timer_, &QTimer::timeout, this, [this] { runOperation("ShowBonus"); });
+    timer_->start();
+}
+
+CharWindow::~CharWindow() {
+    timer_->stop();
+    binder_.reset();
+}
+
+void CharWindow::call(const std::function<void()>& work) {
+    CallCore(work);
+    showTitle();
+}
+
+void CharWindow::runOperation(const std::string& name) {
+    call([&] { SheetOperations().at(name).run(*sheet_, ""); });
+}
+
+void CharWindow::showTitle() { setWindowTitle(QString::fromStdString(sheet_->title)); }
+
+QWidget* CharWindow::bound(const std::string& itemName, const std::string& text) {
+    return binder_->Widget(itemName, text);
+}
+
+// A figure the rules keep: shown in a field that cannot be typed into.
+QWidget* CharWindow::shown(const std::string& itemName) {
+    auto* edit = static_cast<QLineEdit*>(binder_->Widget(itemName));
+    edit->setReadOnly(true);
+    edit->setFocusPolicy(Qt::NoFocus);
+    edit->setStyleSheet("QLineEdit { background: palette(window); }");
+    return edit;
+}
+
+// The free points the user places by clicking: green, with a hand cursor.
+QWidget* CharWindow::bonusNumber(const std::string& itemName) {
+    QLabel* label = binder_->Label(itemName);
+    label->setStyleSheet("QLabel { color: #1a8f2a; font-weight: bold; }");
+    label->setCursor(Qt::PointingHandCursor);
+    label->setAlignment(Qt::AlignCenter);
+    label->setToolTip("Click to place a free point here");
+    return label;
+}
+
+QWidget* CharWindow::attributesTab() {
+    auto* identity = new QFormLayout;
+    identity->addRow("Name:", bound("NameField"));
+    identity->addRow("Player:", bound("PlayerField"));
+
+    auto* type = new QFormLayout;
+    type->addRow("Character Type:", bound("CharacterTypePopup"));
+    type->addRow("Choose:", bound("ChooseCharPopup"));
+
+    auto* background = new QFormLayout;
+    background->addRow("Concept:", bound("ConceptBox"));
+    background->addRow("Association:", bound("AssociationCombo"));
+    background->addRow("", bound("AssociationField"));
+
+    auto* primary = new QGridLayout;
+    primary->addWidget(caption("Bought"), 0, 1, Qt::AlignCenter);
+    primary->addWidget(caption("Bonus"), 0, 2, Qt::AlignCenter);
+    primary->addWidget(caption("Total"), 0, 3, Qt::AlignCenter);
+    for (int a = 0; a < kAttributeCount; ++a) {
+        const std::string name = kAttributeNames[static_cast<std::size_t>(a)];
+        QWidget* field = bound(name + "Field");
+        QWidget* total = shown(name + "Total");
+        field->setMaximumWidth(70);
+        total->setMaximumWidth(70);
+        primary->addWidget(caption(QString::fromStdString(name) + ":"), a + 1, 0);
+        primary->addWidget(field, a + 1, 1);
+        primary->addWidget(bonusNumber(name + "Bonus"), a + 1, 2);
+        primary->addWidget(total, a + 1, 3);
+    }
+    primary->setColumnStretch(4, 1);
+
+    auto* secondary = new QGridLayout;
+    secondary->addWidget(caption("Bonus"), 0, 1, Qt::AlignCenter);
+    secondary->addWidget(caption("Total"), 0, 2, Qt::AlignCenter);
+    const char* const secondaries[][3] = {{"LPText", "LifePointsBonus", "LifePointsTotal"},
+                                          {"EndText", "EnduranceBonus", "EnduranceTotal"},
+                                          {"SpeedText", "SpeedBonus", "SpeedTotal"},
+                                          {"EssenceLabel", "EssenceBonus", "EssenceTotal"}};
+    int row = 1;
+    for (const auto& items : secondaries) {
+        secondary->addWidget(bound(items[0]), row, 0);
+        for (int column = 1; column <= 2; ++column) {
+            QWidget* number = shown(items[column]);
+            number->setMaximumWidth(70);
+            secondary->addWidget(number, row, column);
+        }
+        ++row;
+    }
+    secondary->addWidget(shown("ExtraStatsField"), row, 0, 1, 4);
+    secondary->setColumnStretch(3, 1);
+
+    auto* experience = new QFormLayout;
+    experience->addRow(bound("CharacterInPlayBox", "Character is in play"));
+    experience->addRow(bound("DPText"), bound("DPField"));
+    experience->addRow("Saved XPs:", bound("SavedExperienceField"));
+    experience->addRow("Spent XPs:", bound("SpentExperienceField"));
+    experience->addRow("Attributes:", shown("AttributeField"));
+    experience->addRow("Qualities:", shown("QualityField"));
+    experience->addRow("Drawbacks:", shown("DrawbackField"));
+    experience->addRow("Skills:", shown("SkillField"));
+    experience->addRow("Meta:", shown("MetaField"));
+
+    auto* left = new QVBoxLayout;
+    left->addLayout(identity);
+    left->addWidget(group("Select Character Type", type));
+    left->addWidget(group("Background", background));
+    left->addWidget(group("Primary Attributes", primary));
+    left->addStretch(1);
+
+    auto* right = new QVBoxLayout;
+    right->addWidget(group("Secondary Attributes", secondary));
+    right->addWidget(group("Experience Points", experience));
+    right->addWidget(bound("OptionalSkillPointBox", "Use Optional Skill Point System"));
+    right->addStretch(1);
+
+    auto* page = new QWidget;
+    auto* columns = new QHBoxLayout(page);
+    columns->addLayout(left, 1);
+    columns->addSpacing(12);
+    columns->addLayout(right, 1);
+    return page;
+}
+
+QWidget* CharWindow::qualitiesTab() {
+    auto* select = new QFormLayout;
+    select->addRow("Type:", bound("QualityTypePopup"));
+    select->addRow("Quality:", bound("QualityPopup"));
+
+    auto* entry = formGrid();
+    addField(entry, 0, 0, "Name:", bound("QualityNameField"));
+    addField(entry, 1, 0, "Page Ref:", bound("QualityReferenceField"));
+    addField(entry, 2, 0, "Prereqs:", bound("QualityPrerequisiteField"));
+    addField(entry, 3, 0, "Notes:", bound("QualityNoteField"));
+    addField(entry, 4, 0, bound("QualityAltFormText"), bound("QualityAlternateFormCombo"));
+    addField(entry, 0, 1, "Level:", bound("QualityLevelField"));
+    addField(entry, 1, 1, "Cost:", bound("QualityCostField"));
+    addField(entry, 2, 1, "Max Level:", bound("QualityMaxLevelField"));
+    addField(entry, 3, 1, "XP Cost:", bound("QualityXPCostField"));
+    addField(entry, 4, 1,
+             "Cost per Level at Creation/After Level 5:", bound("QualityCostPerLevelField"));
+    addField(entry, 5, 1, "XP Cost/After Level 5:", bound("QualityXPCostPerLevelField"));
+
+    auto* page = new QWidget;
+    auto* layout = new QVBoxLayout(page);
+    layout->addWidget(bound("QualityListBox"), 1);
+    layout->addWidget(bound("QualitiesSeparateQDBox", "Keep Drawbacks and Qualities Separate"));
+    layout->addWidget(group("Select Quality", select));
+    layout->addLayout(entry);
+    return page;
+}
+
+QWidget* CharWindow::skillsTab() {
+    auto* lists = new QHBoxLayout;
+    lists->addWidget(bound("SkillListBox"), 3);
+    lists->addWidget(bound("SkillMartialVisualListBox"), 2);
+
+    auto* select = new QFormLayout;
+    select->addRow("Category:", bound("SkillCategoryPopup"));
+    select->addRow("Skill:", bound("SkillPopup"));
+
+    auto* entry = formGrid();
+    addField(entry, 0, 0, "Name:", bound("SkillNameField"));
+    addField(entry, 1, 0, "Reference:", bound("SkillReferenceField"));
+    addField(entry, 2, 0, "Type List:", bound("SkillSelectPopup"));
+    addField(entry, 3, 0, "Notes:", bound("SkillNotesField"));
+    addField(entry, 0, 1, "Type:", bound("SkillTypeCombo"));
+    addField(entry, 1, 1, "Level:", bound("SkillLevelField"));
+    addField(entry, 2, 1, "Cost:", bound("SkillCostField"));
+    addField(entry, 3, 1, "XP Cost:", bound("SkillXPCostField"));
+
+    auto* page = new QWidget;
+    auto* layout = new QVBoxLayout(page);
+    layout->addLayout(lists, 1);
+    layout->addWidget(group("Select Skill", select));
+    layout->addLayout(entry);
+    return page;
+}
+
+QWidget* CharWindow::metaphysicsTab() {
+    auto* select = new QFormLayout;
+    select->addRow("Type:", bound("MetaTypePopup"));
+    select->addRow("Metaphysic:", bound("MetaPopup"));
+
+    auto* entry = formGrid();
+    addField(entry, 0, 0, "Name:", bound("MetaNameField"));
+    addField(entry, 1, 0, "Reference:", bound("MetaReferenceField"));
+    addField(entry, 2, 0, "Prereqs:", bound("MetaPrerequisiteField"));
+    addField(entry, 3, 0, "Notes:", bound("MetaNoteField"));
+    addField(entry, 4, 0, "XP Cost for First Level:", bound("MetaXPCostNewField"));
+    addField(entry, 0, 1, "Level:", bound("MetaLevelField"));
+    addField(entry, 1, 1, "Cost:", bound("MetaCostField"));
+    addField(entry, 2, 1, "Min/Max Lvl:", bound("MetaMaxLevelField"));
+    addField(entry, 3, 1, "XP Cost:", bound("MetaXPCostField"));
+    addField(entry, 4, 1,
+             "Cost per Level at Creation/After Level 5:", bound("MetaCostPerLevelField"));
+    addField(entry, 5, 1, "XP Cost/After Level 5:", bound("MetaXPCostPerLevelField"));
+
+    auto* page = new QWidget;
+    auto* layout = new QVBoxLayout(page);
+    layout->addWidget(bound("MetaListBox"), 1);
+    layout->addWidget(group("Select Metaphysic", select));
+    layout->addLayout(entry);
+    return page;
+}
+
+QWidget* CharWindow::descriptionTab() {
+    auto* personal = formGrid();
+    addField(personal, 0, 0, "Gender:", bound("GenderField"));
+    addField(personal, 1, 0, "Age:", bound("AgeField"));
+    addField(personal, 2, 0, "Hair:", bound("HairField"));
+    addField(personal, 3, 0, "Eyes:", bound("EyesField"));
+    addField(personal, 0, 1, "Race:", bound("RaceField"));
+    addField(personal, 1, 1, "Height:", bound("HeightField"));
+    addField(personal, 2, 1, "Weight:", bound("WeightField"));
+
+    // The long texts share one place; their items say which of them stands in it.
+    auto* texts = new QVBoxLayout;
+    for (const char* name :
+         {"NotesField", "ContactsField", "HistoryField", "AltFormField", "JournalField"})
+        texts->addWidget(bound(name), 1);
+
+    auto* page = new QWidget;
+    auto* layout = new QVBoxLayout(page);
+    layout->addWidget(group("Personal Information", personal));
+    layout->addWidget(caption("Notes:"));
+    layout->addLayout(texts, 1);
+    return page;
+}
+
+QWidget* CharWindow::equipmentTab() {
+    auto* type = new QFormLayout;
+    type->addRow("Equipment Type:", bound("EquipmentTypePopup"));
+
+    auto* page = new QWidget;
+    auto* layout = new QVBoxLayout(page);
+    layout->addLayout(type);
+    layout->addWidget(bound("EquipmentField"), 1);
+    return page;
+}
+
+}  // namespace zeph::gui

@@ -1,0 +1,54 @@
+// The window of one character: six tabs of widgets bound by name to the items of its sheet,
+// the status line below them, and the timer that keeps the status line fresh. Every event
+// that is a rule goes to the sheet's operation of that name.
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+#include <memory>
+#include <string>
+
+class QGridLayout;
+class QTabWidget;
+class QTimer;
+
+namespace zeph {
+class CharacterSheet;
+}
+
+namespace zeph::gui {
+
+class SheetBinder;
+
+class CharWindow : public QMainWindow {
+  public:
+    explicit CharWindow(std::unique_ptr<CharacterSheet> sheet, QWidget* parent = nullptr);
+    ~CharWindow() override;
+
+    CharacterSheet& Sheet() { return *sheet_; }
+
+  private:
+    // Core work from a slot: guarded, then the window's own title is brought up to date.
+    void call(const std::function<void()>& work);
+    void runOperation(const std::string& name);
+    void showTitle();
+
+    QWidget* bound(const std::string& itemName, const std::string& caption = "");
+    QWidget* shown(const std::string& itemName);
+    QWidget* bonusNumber(const std::string& itemName);
+
+    QWidget* attributesTab();
+    QWidget* qualitiesTab();
+    QWidget* skillsTab();
+    QWidget* metaphysicsTab();
+    QWidget* descriptionTab();
+    QWidget* equipmentTab();
+
+    std::unique_ptr<CharacterSheet> sheet_;
+    // After the sheet, so the bindings detach before the sheet goes.
+    std::unique_ptr<SheetBinder> binder_;
+    QTabWidget* tabs_ = nullptr;
+    QTimer* timer_ = nullptr;
+};
+
+}  // namespace zeph::gui

@@ -1,0 +1,364 @@
+#include "shell/gui/ItemBinding.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QEvent>
+#include <QFocusEvent>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalBlocker>
+#include <QTextEdit>
+#include <QTreeWidget>
+#include <algorithm>
+#include <stdexcept>
+
+#include "sheet/CharacterSheet.h"
+#include "sheet/Operations.h"
+
+namespace zeph::gui {
+namespace {
+
+QString q(const std::string& text) { return QString::fromStdString(text); }
+
+const Operation* findOperation(const std::string& name) {
+    const OperationTable& operations = SheetOperations();
+    auto found = operations.find(name);
+    return found == operations.end() ? nullptr : &found->second;
+}
+
+// Focus that moves because a popup opened or another window came to the front is no move of
+// the user's within this window; the sheet's focus operations do not hear of it.
+bool userMovedFocus(const QFocusEvent& event) {
+    return event.reason() != Qt::PopupFocusReason && event.reason() != Qt::ActiveWindowFocusReason;
+}
+
+class LineEditBinding : public ItemBinding {
+  public:
+    LineEditBinding(CharacterSheet& sheet, TextItem& item, QLineEdit& edit, CoreCall call)
+        : ItemBinding(sheet, item, edit, std::move(call)), item_(item), edit_(edit) {
+        connect(&edit, &QLineEdit::textEdited, this,
+                [this](const QString& text) { write([&] { item_.SetText(text.toStdString()); }); });
+    }
+
+  protected:
+    void show(ItemChange) override {
+        const QString text = q(item_.Text());
+        if (edit_.text() == text) return;
+        QSignalBlocker quiet(&edit_);
+        edit_.setText(text);
+    }
+
+  private:
+    TextItem& item_;
+    QLineEdit& edit_;
+};
+
+class LabelBinding : public ItemBinding {
+  public:
+    LabelBinding(CharacterSheet& sheet, TextItem& item, QLabel& label, CoreCall call)
+        : ItemBinding(sheet, item, label, std::move(call)), item_(item), label_(label) {}
+
+  protected:
+    void show(ItemChange) override { label_.setText(q(item_.Text())); }
+
+  private:
+    TextItem& item_;
+    QLabel& label_;
+};
+
+class StyledBinding : public ItemBinding {
+  public:
+    StyledBinding(CharacterSheet& sheet, TextItem& item, QTextEdit& edit, CoreCall call)
+        : ItemBinding(sheet, item, edit, std::move(call)), item_(item), edit_(edit) {
+        edit.setAcceptRichText(false);
+        connect(&edit, &QTextEdit::textChanged, this,
+                [this] { write([&] { item_.SetText(edit_.toPlainText().toStdString()); }); });
+    }
+
+  protected:
+    void show(ItemChange) override {
+        const QString text = q(item_.Text());
+        if (edit_.toPlainText() == text) return;
+        QSignalBlocker quiet(&edit_);
+        edit_.setPlainText(text);
+    }
+
+  private:
+    TextItem& item_;
+    QTextEdit& edit_;
+};
+
+class FlagBinding : public ItemBinding {
+  public:
+    FlagBinding(CharacterSheet& sheet, FlagItem& item, QCheckBox& box, CoreCall call)
+        : ItemBinding(sheet, item, box, std::move(call)), item_(item), box_(box) {
+        connect(&box, &QCheckBox::toggled, this,
+                [this](bool checked) { write([&] { item_.SetValue(checked); }); });
+    }
+
+  protected:
+    void show(ItemChange) override {
+        if (box_.isChecked() == item_.Value()) return;
+        QSignalBlocker quiet(&box_);
+        box_.setChecked(item_.Value());
+    }
+
+  private:
+    FlagItem& item_;
+    QCheckBox& box_;
+};
+
+// Combos and choices alike; only a combo's box takes typed text.
+class ComboBinding : public ItemBinding {
+  public:
+    ComboBinding(CharacterSheet& sheet, ComboItem& item, QComboBox& box, CoreCall call)
+        : ItemBinding(sheet, item, box, std::move(call)), item_(item), box_(box) {
+        connect(&box, &QComboBox::currentIndexChanged, this, [this](int index) {
+            if (index >= item_.ListCount()) return;
+            write([&] { item_.SetListIndex(index); });
+        });
+        if (QLineEdit* edit = box.lineEdit()) {
+            connect(edit, &QLineEdit::textEdited, this, [this](const QString& text) {
+                write([&] { item_.SetText(text.toStdString()); });
+            });
+        }
+    }
+
+  protected:
+    void show(ItemChange) override {
+        QSignalBlocker quiet(&box_);
+        if (!sameRows()) {
+            box_.clear();
+            for (const std::string& row : item_.Rows()) box_.addItem(q(row));
+        }
+        if (box_.currentIndex() != item_.ListIndex()) box_.setCurrentIndex(item_.ListIndex());
+        const QString text = q(item_.Text());
+        if (box_.isEditable() && box_.currentText() != text) box_.setEditText(text);
+    }
+
+  private:
+    bool sameRows() const {
+        if (box_.count() != item_.ListCount()) return false;
+        for (int row = 0; row < box_.count(); ++row)
+            if (box_.itemText(row) != q(item_.List(row))) return false;
+        return true;
+    }
+
+    ComboItem& item_;
+    QComboBox& box_;
+};
+
+// A list shows its first columns (up to five); the others are storage of the sheet.
+class ListBinding : public ItemBinding {
+  public:
+    ListBinding(CharacterSheet& sheet, ListItem& item, QTreeWidget& tree, CoreCall call)
+        : ItemBinding(sheet, item, tree, std::move(call)), item_(item), tree_(tree) {
+        tree.setColumnCount(shownColumns());
+        tree.setRootIsDecorated(false);
+        tree.setUniformRowHeights(true);
+        tree.setSelectionMode(QAbstractItemView::ExtendedSelection);
+        tree.header()->setStretchLastSection(true);
+        tree.header()->setDefaultSectionSize(80);
+        tree.header()->resizeSection(0, 240);  // names are the longest cells
+        connect(&tree, &QTreeWidget::itemSelectionChanged, this, [this] { writeSelection(); });
+        connect(&tree, &QTreeWidget::itemDoubleClicked, this, [this] { runEvent(DoubleClick()); });
+    }
+
+  protected:
+    void show(ItemChange change) override {
+        QSignalBlocker quiet(&tree_);
+        switch (change) {
+            case ItemChange::Heading:
+                showHeadings();
+                break;
+            case ItemChange::Selection:
+                showSelection();
+                break;
+            default:
+                showHeadings();
+                showRows();
+                showSelection();
+        }
+    }
+
+  private:
+    int shownColumns() const { return std::min(item_.ColumnCount(), 5); }
+
+    void showHeadings() {
+        QStringList headings;
+        for (int column = 0; column < shownColumns(); ++column)
+            headings << q(item_.Heading(column));
+        tree_.setHeaderLabels(headings);
+    }
+
+    void showRows() {
+        tree_.clear();
+        for (int row = 0; row < item_.ListCount(); ++row) {
+            auto* line = new QTreeWidgetItem(&tree_);
+            for (int column = 0; column < shownColumns(); ++column) {
+                line->setText(column, q(item_.Cell(row, column)));
+                if (item_.CellBold(row, column)) {
+                    QFont font = line->font(column);
+                    font.setBold(true);
+                    line->setFont(column, font);
+                }
+            }
+        }
+    }
+
+    void showSelection() {
+        const int rows = std::min(tree_.topLevelItemCount(), item_.ListCount());
+        for (int row = 0; row < rows; ++row)
+            tree_.topLevelItem(row)->setSelected(item_.Selected(row));
+    }
+
+    void writeSelection() {
+        std::vector<bool> selected;
+        const int rows = std::min(tree_.topLevelItemCount(), item_.ListCount());
+        for (int row = 0; row < rows; ++row)
+            selected.push_back(tree_.topLevelItem(row)->isSelected());
+        write([&] {
+            for (int row = 0; row < rows; ++row)
+                if (item_.Selected(row) != selected[static_cast<std::size_t>(row)])
+                    item_.SetSelected(row, selected[static_cast<std::size_t>(row)]);
+        });
+    }
+
+    ListItem& item_;
+    QTreeWidget& tree_;
+};
+
+}  // namespace
+
+ItemBinding::ItemBinding(CharacterSheet& sheet, Item& item, QWidget& widget, CoreCall call)
+    : sheet_(sheet),
+      item_(item),
+      widget_(widget),
+      call_(std::move(call)),
+      gotFocus_(findOperation(item.Name() + "_GotFocus")),
+      lostFocus_(findOperation(item.Name() + "_LostFocus")),
+      mouseDown_(findOperation(item.Name() + "_MouseDown")),
+      doubleClick_(findOperation(item.Name() + "_DoubleClick")) {
+    widget.setObjectName(q(item.Name()));
+    widget.installEventFilter(this);
+    token_ = item.Observe([this](ItemChange change) {
+        if (change == ItemChange::Visibility)
+            widget_.setVisible(item_.Visible());
+        else
+            show(change);
+    });
+}
+
+ItemBinding::~ItemBinding() { item_.StopObserving(token_); }
+
+void ItemBinding::ShowAll() {
+    show(ItemChange::Rows);
+    widget_.setVisible(item_.Visible());
+}
+
+void ItemBinding::write(const std::function<void()>& edit) { call_(edit); }
+
+void ItemBinding::runEvent(const Operation* operation) {
+    if (operation == nullptr) return;
+    call_([&] { operation->run(sheet_, ""); });
+}
+
+bool ItemBinding::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == &widget_) {
+        switch (event->type()) {
+            case QEvent::FocusIn:
+                if (userMovedFocus(static_cast<QFocusEvent&>(*event))) runEvent(gotFocus_);
+                break;
+            case QEvent::FocusOut:
+                if (userMovedFocus(static_cast<QFocusEvent&>(*event))) runEvent(lostFocus_);
+                break;
+            case QEvent::MouseButtonPress:
+                if (mouseDown_ != nullptr) {
+                    runEvent(mouseDown_);
+                    return true;
+                }
+                break;
+            default:
+                break;
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+SheetBinder::SheetBinder(CharacterSheet& sheet, CoreCall call, QWidget* owner)
+    : sheet_(sheet), call_(std::move(call)), owner_(owner) {}
+
+SheetBinder::~SheetBinder() = default;
+
+Item& SheetBinder::find(const std::string& itemName) const {
+    Item* item = sheet_.Items().Find(itemName);
+    if (item == nullptr) throw std::logic_error("the sheet has no item " + itemName);
+    return *item;
+}
+
+QWidget* SheetBinder::Widget(const std::string& itemName, const std::string& caption) {
+    Item& item = find(itemName);
+    std::unique_ptr<ItemBinding> binding;
+    QWidget* widget = nullptr;
+    switch (item.Kind()) {
+        case ItemKind::Text:
+        case ItemKind::Number: {
+            auto* edit = new QLineEdit(owner_);
+            binding = std::make_unique<LineEditBinding>(sheet_, dynamic_cast<TextItem&>(item),
+                                                        *edit, call_);
+            widget = edit;
+            break;
+        }
+        case ItemKind::Label:
+            return Label(itemName);
+        case ItemKind::Styled: {
+            auto* edit = new QTextEdit(owner_);
+            binding = std::make_unique<StyledBinding>(sheet_, dynamic_cast<TextItem&>(item), *edit,
+                                                      call_);
+            widget = edit;
+            break;
+        }
+        case ItemKind::Flag: {
+            auto* box = new QCheckBox(q(caption), owner_);
+            binding =
+                std::make_unique<FlagBinding>(sheet_, dynamic_cast<FlagItem&>(item), *box, call_);
+            widget = box;
+            break;
+        }
+        case ItemKind::Combo:
+        case ItemKind::Choice: {
+            auto* box = new QComboBox(owner_);
+            box->setEditable(item.Kind() == ItemKind::Combo);
+            box->setInsertPolicy(QComboBox::NoInsert);
+            box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+            binding =
+                std::make_unique<ComboBinding>(sheet_, dynamic_cast<ComboItem&>(item), *box, call_);
+            widget = box;
+            break;
+        }
+        case ItemKind::List: {
+            auto* tree = new QTreeWidget(owner_);
+            binding =
+                std::make_unique<ListBinding>(sheet_, dynamic_cast<ListItem&>(item), *tree, call_);
+            widget = tree;
+            break;
+        }
+    }
+    bindings_.push_back(std::move(binding));
+    return widget;
+}
+
+QLabel* SheetBinder::Label(const std::string& itemName) {
+    auto* text = dynamic_cast<TextItem*>(&find(itemName));
+    if (text == nullptr) throw std::logic_error(itemName + " holds no text to show in a label");
+    auto* label = new QLabel(owner_);
+    bindings_.push_back(std::make_unique<LabelBinding>(sheet_, *text, *label, call_));
+    return label;
+}
+
+void SheetBinder::ShowAll() {
+    for (auto& binding : bindings_) binding->ShowAll();
+}
+
+}  // namespace zeph::gui

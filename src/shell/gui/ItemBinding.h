@@ -1,0 +1,87 @@
+// Keeps widgets and the named items of a sheet in step. One binding per item kind: the widget
+// shows what the item holds and follows its changes; a user edit writes the item, whose own
+// change operations then run in the core; focus, clicks and double clicks become the item's
+// named operations (<Item>_GotFocus, _LostFocus, _MouseDown, _DoubleClick) when the sheet has
+// them.
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "sheet/Item.h"
+
+class QLabel;
+class QWidget;
+
+namespace zeph {
+class CharacterSheet;
+struct Operation;
+}  // namespace zeph
+
+namespace zeph::gui {
+
+// Runs core work for a widget; the window passes it through its guard.
+using CoreCall = std::function<void(const std::function<void()>&)>;
+
+class ItemBinding : public QObject {
+  public:
+    ItemBinding(CharacterSheet& sheet, Item& item, QWidget& widget, CoreCall call);
+    ~ItemBinding() override;
+    ItemBinding(const ItemBinding&) = delete;
+    ItemBinding& operator=(const ItemBinding&) = delete;
+
+    // Shows the whole item: content and visibility.
+    void ShowAll();
+
+  protected:
+    // Brings the widget up to the item after a change of that sort; never echoes back.
+    virtual void show(ItemChange change) = 0;
+    // A user edit: written into the item through the guard.
+    void write(const std::function<void()>& edit);
+    void runEvent(const Operation* operation);
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+    Item& item() { return item_; }
+    const Operation* DoubleClick() const { return doubleClick_; }
+
+  private:
+    CharacterSheet& sheet_;
+    Item& item_;
+    QWidget& widget_;
+    CoreCall call_;
+    int token_;
+    const Operation* gotFocus_;
+    const Operation* lostFocus_;
+    const Operation* mouseDown_;
+    const Operation* doubleClick_;
+};
+
+// Makes the widgets of one sheet's items, by item name, and owns their bindings. Destroy it
+// before the sheet: the bindings detach from the items then.
+class SheetBinder {
+  public:
+    SheetBinder(CharacterSheet& sheet, CoreCall call, QWidget* owner);
+    ~SheetBinder();
+
+    // The usual widget of the item's kind: a line edit for text and numbers, a check box for
+    // a flag (with `caption`), an editable combo box for a combo, a fixed one for a choice, a
+    // tree for a list, a text edit for styled text, a label for a label. Named after the item.
+    QWidget* Widget(const std::string& itemName, const std::string& caption = "");
+    // Any text item shown as a label (numbers the user clicks rather than types).
+    QLabel* Label(const std::string& itemName);
+    // Shows every bound item as it stands; call once the widgets sit in their layouts.
+    void ShowAll();
+
+  private:
+    Item& find(const std::string& itemName) const;
+
+    CharacterSheet& sheet_;
+    CoreCall call_;
+    QWidget* owner_;
+    std::vector<std::unique_ptr<ItemBinding>> bindings_;
+};
+
+}  // namespace zeph::gui
