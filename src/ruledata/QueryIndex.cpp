@@ -77,6 +77,28 @@ bool ByOrder(const xmlNode* a, const xmlNode* b) {
     return -reinterpret_cast<std::ptrdiff_t>(a->content) <
            -reinterpret_cast<std::ptrdiff_t>(b->content);
 }
+
+// Visits every node in document order, descending only into elements (not into the
+// expansion of an entity reference).
+template <class Visit>
+void WalkPreorder(xmlDoc* doc, Visit visit) {
+    xmlNode* cur = doc->children;
+    while (cur != nullptr) {
+        // The walk is bound by memory, not work: ask for both possible next nodes at once.
+        __builtin_prefetch(cur->next);
+        __builtin_prefetch(cur->children);
+        visit(cur);
+        if (cur->type == XML_ELEMENT_NODE && cur->children != nullptr) {
+            cur = cur->children;
+            continue;
+        }
+        while (cur != nullptr && cur->next == nullptr) {
+            cur = cur->parent;
+            if (cur == reinterpret_cast<xmlNode*>(doc)) cur = nullptr;
+        }
+        if (cur != nullptr) cur = cur->next;
+    }
+}
 }  // namespace
 
 QueryIndex::QueryIndex(xmlDoc* doc) : doc_(doc) {
@@ -101,54 +123,28 @@ QueryIndex::QueryIndex(xmlDoc* doc) : doc_(doc) {
     };
     Slot cache[64];
     std::ptrdiff_t count = 0;
-    xmlNode* cur = doc_->children;
-    while (cur != nullptr) {
-        // The walk is bound by memory, not work: ask for both possible next nodes at once.
-        __builtin_prefetch(cur->next);
-        __builtin_prefetch(cur->children);
+    WalkPreorder(doc_, [&](xmlNode* cur) {
         if (cur->type == XML_ENTITY_REF_NODE) declineAll_ = true;
-        if (cur->type == XML_ELEMENT_NODE) {
-            cur->content = reinterpret_cast<xmlChar*>(-(++count));
-            if (cur->ns == nullptr) {
-                Slot& slot = cache[(reinterpret_cast<std::uintptr_t>(cur->name) >> 3) & 63];
-                if (slot.name != cur->name) {
-                    slot.name = cur->name;
-                    slot.list = &named_[View(cur->name)];
-                }
-                slot.list->push_back(cur);
+        if (cur->type != XML_ELEMENT_NODE) return;
+        cur->content = reinterpret_cast<xmlChar*>(-(++count));
+        if (cur->ns == nullptr) {
+            Slot& slot = cache[(reinterpret_cast<std::uintptr_t>(cur->name) >> 3) & 63];
+            if (slot.name != cur->name) {
+                slot.name = cur->name;
+                slot.list = &named_[View(cur->name)];
             }
-            if (cur->children != nullptr) {
-                cur = cur->children;
-                continue;
-            }
+            slot.list->push_back(cur);
         }
-        while (cur != nullptr && cur->next == nullptr) {
-            cur = cur->parent;
-            if (cur == reinterpret_cast<xmlNode*>(doc_)) cur = nullptr;
-        }
-        if (cur != nullptr) cur = cur->next;
-    }
+    });
 }
 
 const QueryIndex::Nodes& QueryIndex::AllElements() {
     // Only `//*` needs every element; few queries do, so the list waits for the first.
     if (!allElementsBuilt_) {
         allElementsBuilt_ = true;
-        xmlNode* cur = doc_->children;
-        while (cur != nullptr) {
-            if (cur->type == XML_ELEMENT_NODE) {
-                allElements_.push_back(cur);
-                if (cur->children != nullptr) {
-                    cur = cur->children;
-                    continue;
-                }
-            }
-            while (cur != nullptr && cur->next == nullptr) {
-                cur = cur->parent;
-                if (cur == reinterpret_cast<xmlNode*>(doc_)) cur = nullptr;
-            }
-            if (cur != nullptr) cur = cur->next;
-        }
+        WalkPreorder(doc_, [this](xmlNode* cur) {
+            if (cur->type == XML_ELEMENT_NODE) allElements_.push_back(cur);
+        });
     }
     return allElements_;
 }
