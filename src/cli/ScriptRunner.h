@@ -20,9 +20,6 @@ public:
                  const std::string& applicationFolder);
     int Run(std::istream& script);
 
-    CharacterSheet& Sheet() { return sheet_; }
-    DataModule& Data() { return data_; }
-
 private:
     struct ScriptError {
         std::string message;

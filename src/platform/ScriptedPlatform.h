@@ -21,7 +21,6 @@ public:
     // Answers are taken in order: a path or "cancel" for a file dialog, a button caption
     // ("Save", "Don't Save", "Cancel") for the save-changes question.
     void QueueAnswer(const std::string& answer) { answers_.push_back(answer); }
-    std::size_t PendingAnswers() const { return answers_.size(); }
     // Where the lines go; by default they are only kept in Transcript().
     void SetLineSink(LineSink sink) { sink_ = std::move(sink); }
     const std::vector<std::string>& Transcript() const { return transcript_; }

@@ -42,7 +42,6 @@ public:
     // Reading a record: the first node; nullopt when the query yields nothing.
     std::optional<XmlNode> Record(std::string_view xpath) const;
 
-    bool HasDocument() const { return doc_ != nullptr; }
     xmlDoc* raw() const { return doc_.get(); }
 
 private:

@@ -11,16 +11,14 @@ void AddOperation(OperationTable& table, const std::string& name,
     table[name] = {[run](CharacterSheet& sheet, const std::string&) -> std::optional<std::string> {
                        run(sheet);
                        return std::nullopt;
-                   },
-                   false};
+                   }};
 }
 
 void AddResultOperation(OperationTable& table, const std::string& name,
                         std::function<std::string(CharacterSheet&)> run) {
     table[name] = {[run](CharacterSheet& sheet, const std::string&) -> std::optional<std::string> {
                        return run(sheet);
-                   },
-                   false};
+                   }};
 }
 
 void AddOperationWithArgument(OperationTable& table, const std::string& name,
@@ -29,8 +27,7 @@ void AddOperationWithArgument(OperationTable& table, const std::string& name,
                           const std::string& argument) -> std::optional<std::string> {
                        run(sheet, argument);
                        return std::nullopt;
-                   },
-                   true};
+                   }};
 }
 
 namespace {

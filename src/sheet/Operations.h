@@ -15,7 +15,6 @@ class CharacterSheet;
 struct Operation {
     // The result is set for the operations that compute a figure (the sums of the budgets).
     std::function<std::optional<std::string>(CharacterSheet&, const std::string& argument)> run;
-    bool takesArgument = false;
 };
 
 using OperationTable = std::map<std::string, Operation>;

@@ -160,10 +160,6 @@ bool EqualsNoCase(std::string_view a, std::string_view b) {
     return true;
 }
 
-bool StartsWithNoCase(std::string_view s, std::string_view prefix) {
-    return s.size() >= prefix.size() && EqualsNoCase(s.substr(0, prefix.size()), prefix);
-}
-
 std::string Lowercase(std::string_view s) {
     std::string lower(s);
     for (char& c : lower) c = foldCase(c);

@@ -37,7 +37,6 @@ double Max(double a, double b);
 
 // Equality without regard to case, as every comparison of names in the rules.
 bool EqualsNoCase(std::string_view a, std::string_view b);
-bool StartsWithNoCase(std::string_view s, std::string_view prefix);
 std::string Lowercase(std::string_view s);
 
 }  // namespace zeph
