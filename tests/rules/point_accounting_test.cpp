@@ -50,6 +50,9 @@ struct AgeCase {
     std::int64_t attributePenalty;
 };
 
+// Keeps the test listing readable instead of a byte dump of the case.
+void PrintTo(const AgeCase& c, std::ostream* out) { *out << c.label; }
+
 class AgeRules : public PointAccounting, public ::testing::WithParamInterface<AgeCase> {};
 
 TEST_P(AgeRules, AdjustSkillAndAttributeBudgets) {
