@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "in_turns.h"
 #include "large_rule_data.h"
 #include "platform/ScriptedPlatform.h"
 #include "ruledata/DataModule.h"
@@ -44,18 +45,43 @@ void PrepareSheet(CharacterSheet& sheet, const RuleData& rules) {
     }
 }
 
-void Recompute(benchmark::State& state, std::string (*path)()) {
+// A sheet prepared on one rule data file, kept apart from every other sheet.
+struct PreparedSheet {
+    explicit PreparedSheet(const std::string& path)
+        : platform("/nonexistent-prefs", "/nonexistent-app", "/tmp"), sheet(data, platform) {
+        data.xdata = RuleData::LoadFile(path);
+        PrepareSheet(sheet, *data.xdata);
+    }
+    // A failure report would mean the runs timed an abandoned recomputation.
+    bool Failed(benchmark::State& state) const {
+        if (platform.Messages().empty()) return false;
+        state.SkipWithError(platform.Messages().front().c_str());
+        return true;
+    }
     DataModule data;
-    data.xdata = RuleData::LoadFile(path());
-    ScriptedPlatform platform("/nonexistent-prefs", "/nonexistent-app", "/tmp");
-    CharacterSheet sheet(data, platform);
-    PrepareSheet(sheet, *data.xdata);
-    for (auto _ : state) sheet.FigureSecondaryAttributes();
-    if (!platform.Messages().empty()) state.SkipWithError(platform.Messages().front().c_str());
+    ScriptedPlatform platform;
+    CharacterSheet sheet;
+};
+
+void Recompute(benchmark::State& state, std::string (*path)()) {
+    PreparedSheet prepared(path());
+    for (auto _ : state) prepared.sheet.FigureSecondaryAttributes();
+    prepared.Failed(state);
+}
+
+// The target is stated as large over sample: both sheets recompute in turns.
+void RecomputeLargeOverSample(benchmark::State& state) {
+    PreparedSheet sample(SampleRuleDataPath());
+    PreparedSheet large(LargeRuleDataPath());
+    TimeInTurns(
+        state, "large_over_sample", [&] { sample.sheet.FigureSecondaryAttributes(); },
+        [&] { large.sheet.FigureSecondaryAttributes(); });
+    if (!sample.Failed(state)) large.Failed(state);
 }
 
 BENCHMARK_CAPTURE(Recompute, sample, &SampleRuleDataPath)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(Recompute, large, &LargeRuleDataPath)->Unit(benchmark::kMicrosecond);
+BENCHMARK(RecomputeLargeOverSample)->Name("Ratio/recompute")->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace zeph::bench
