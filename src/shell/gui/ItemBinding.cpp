@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QSignalBlocker>
 #include <QTextEdit>
+#include <QTimer>
 #include <QTreeWidget>
 #include <algorithm>
 #include <stdexcept>
@@ -166,21 +167,22 @@ class ListBinding : public ItemBinding {
     }
 
   protected:
+    // A rule writes a list cell by cell, a whole row of storage columns at a time; rebuilding
+    // the tree at each write would make a character's load crawl. Row changes are gathered and
+    // shown once, when control is back in the event loop.
     void show(ItemChange change) override {
         QSignalBlocker quiet(&tree_);
-        switch (change) {
-            case ItemChange::Heading:
-                showHeadings();
-                break;
-            case ItemChange::Selection:
-                showSelection();
-                break;
-            default:
-                showHeadings();
-                showRows();
-                showSelection();
+        if (change == ItemChange::Heading) {
+            showHeadings();
+        } else if (change == ItemChange::Selection) {
+            if (!rebuildPending_) showSelection();
+        } else if (!rebuildPending_) {
+            rebuildPending_ = true;
+            QTimer::singleShot(0, this, [this] { rebuild(); });
         }
     }
+
+    void showWhole() override { rebuild(); }
 
   private:
     int shownColumns() const { return std::min(item_.ColumnCount(), 5); }
@@ -190,6 +192,14 @@ class ListBinding : public ItemBinding {
         for (int column = 0; column < shownColumns(); ++column)
             headings << q(item_.Heading(column));
         tree_.setHeaderLabels(headings);
+    }
+
+    void rebuild() {
+        rebuildPending_ = false;
+        QSignalBlocker quiet(&tree_);
+        showHeadings();
+        showRows();
+        showSelection();
     }
 
     void showRows() {
@@ -214,6 +224,8 @@ class ListBinding : public ItemBinding {
     }
 
     void writeSelection() {
+        // The tree is about to be rebuilt from the item, whose selection it will then show.
+        if (rebuildPending_) return;
         std::vector<bool> selected;
         const int rows = std::min(tree_.topLevelItemCount(), item_.ListCount());
         for (int row = 0; row < rows; ++row)
@@ -227,6 +239,7 @@ class ListBinding : public ItemBinding {
 
     ListItem& item_;
     QTreeWidget& tree_;
+    bool rebuildPending_ = false;
 };
 
 }  // namespace
@@ -253,7 +266,7 @@ ItemBinding::ItemBinding(CharacterSheet& sheet, Item& item, QWidget& widget, Cor
 ItemBinding::~ItemBinding() { item_.StopObserving(token_); }
 
 void ItemBinding::ShowAll() {
-    show(ItemChange::Rows);
+    showWhole();
     widget_.setVisible(item_.Visible());
 }
 

@@ -39,6 +39,8 @@ class ItemBinding : public QObject {
   protected:
     // Brings the widget up to the item after a change of that sort; never echoes back.
     virtual void show(ItemChange change) = 0;
+    // Brings the whole widget up to the item at once.
+    virtual void showWhole() { show(ItemChange::Rows); }
     // A user edit: written into the item through the guard.
     void write(const std::function<void()>& edit);
     void runEvent(const Operation* operation);
