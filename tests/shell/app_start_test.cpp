@@ -56,8 +56,9 @@ class AppStart : public ::testing::Test {
         return found;
     }
 
-    static void focus(QWidget* target, QEvent::Type type) {
-        QFocusEvent event(type, Qt::MouseFocusReason);
+    static void focus(QWidget* target, QEvent::Type type,
+                      Qt::FocusReason reason = Qt::MouseFocusReason) {
+        QFocusEvent event(type, reason);
         QApplication::sendEvent(target, &event);
     }
 
@@ -157,6 +158,25 @@ TEST_F(AppStart, TypingAnAttributeAndLeavingItShowsTheNewTotal) {
     EXPECT_EQ(widget<QLineEdit>("StrengthTotal")->text(), "4");
 }
 
+TEST_F(AppStart, FocusThatGoesToAnotherWindowCountsOnlyWhereItComesBack) {
+    chooseType("Human", "Survivor");
+    auto* strength = widget<QLineEdit>("StrengthField");
+    focus(strength, QEvent::FocusIn);
+    type(strength, "4");
+    focus(strength, QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+    EXPECT_EQ(sheet().StrengthTotal.Text(), "0") << "another window came to the front";
+    focus(strength, QEvent::FocusIn, Qt::ActiveWindowFocusReason);
+    EXPECT_EQ(sheet().StrengthTotal.Text(), "0") << "back on the same field";
+
+    // The user clicks straight onto the type list of the inactive window: it is activated
+    // onto that list, and the field that held the focus has been left.
+    focus(strength, QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+    sheet().CharacterTypePopup.DeleteAllRows();
+    focus(widget<QComboBox>("CharacterTypePopup"), QEvent::FocusIn, Qt::ActiveWindowFocusReason);
+    EXPECT_EQ(sheet().StrengthTotal.Text(), "4");
+    EXPECT_EQ(sheet().CharacterTypePopup.ListCount(), 4) << "filled as at any other focus";
+}
+
 TEST_F(AppStart, ChangesMadeInTheCoreShowInTheWidgets) {
     sheet().StrengthTotal.SetText("7");
     EXPECT_EQ(widget<QLineEdit>("StrengthTotal")->text(), "7");
@@ -251,6 +271,7 @@ TEST_F(AppStart, ChangingTabRecomputesTheSheet) {
 TEST_F(AppStart, LeavingTheNameRetitlesTheWindow) {
     auto* name = widget<QLineEdit>("NameField");
     const QString newTitle = window_->windowTitle();
+    focus(name, QEvent::FocusIn);
     type(name, "Ann");
     EXPECT_EQ(window_->windowTitle(), newTitle) << "typing alone does not retitle";
     focus(name, QEvent::FocusOut);

@@ -13,6 +13,7 @@
 #include <QTreeWidget>
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 #include "sheet/CharacterSheet.h"
 #include "sheet/Operations.h"
@@ -28,10 +29,10 @@ const Operation* findOperation(const std::string& name) {
     return found == operations.end() ? nullptr : &found->second;
 }
 
-// Focus that moves because a popup opened or another window came to the front is no move of
-// the user's within this window; the sheet's focus operations do not hear of it.
-bool userMovedFocus(const QFocusEvent& event) {
-    return event.reason() != Qt::PopupFocusReason && event.reason() != Qt::ActiveWindowFocusReason;
+// Focus lost because a popup opened or another window came to the front is expected back;
+// whether it left the widget shows only where it comes back to.
+bool focusOnlyStepsAway(const QFocusEvent& event) {
+    return event.reason() == Qt::PopupFocusReason || event.reason() == Qt::ActiveWindowFocusReason;
 }
 
 class LineEditBinding : public ItemBinding {
@@ -281,10 +282,20 @@ bool ItemBinding::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &widget_) {
         switch (event->type()) {
             case QEvent::FocusIn:
-                if (userMovedFocus(static_cast<QFocusEvent&>(*event))) runEvent(gotFocus_);
+                if (focus_->holder != this) {
+                    // Back from another window onto another widget: the one that held the
+                    // focus has lost it after all.
+                    if (ItemBinding* previous = std::exchange(focus_->holder, nullptr))
+                        previous->runEvent(previous->lostFocus_);
+                    focus_->holder = this;
+                    runEvent(gotFocus_);
+                }
                 break;
             case QEvent::FocusOut:
-                if (userMovedFocus(static_cast<QFocusEvent&>(*event))) runEvent(lostFocus_);
+                if (focus_->holder == this && !focusOnlyStepsAway(static_cast<QFocusEvent&>(*event))) {
+                    focus_->holder = nullptr;
+                    runEvent(lostFocus_);
+                }
                 break;
             case QEvent::MouseButtonPress:
                 if (mouseDown_ != nullptr) {
@@ -358,7 +369,7 @@ QWidget* SheetBinder::Widget(const std::string& itemName, const std::string& cap
             break;
         }
     }
-    bindings_.push_back(std::move(binding));
+    adopt(std::move(binding));
     return widget;
 }
 
@@ -366,8 +377,13 @@ QLabel* SheetBinder::Label(const std::string& itemName) {
     auto* text = dynamic_cast<TextItem*>(&find(itemName));
     if (text == nullptr) throw std::logic_error(itemName + " holds no text to show in a label");
     auto* label = new QLabel(owner_);
-    bindings_.push_back(std::make_unique<LabelBinding>(sheet_, *text, *label, call_));
+    adopt(std::make_unique<LabelBinding>(sheet_, *text, *label, call_));
     return label;
+}
+
+void SheetBinder::adopt(std::unique_ptr<ItemBinding> binding) {
+    binding->ShareFocus(focus_);
+    bindings_.push_back(std::move(binding));
 }
 
 void SheetBinder::ShowAll() {

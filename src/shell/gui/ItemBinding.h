@@ -26,6 +26,15 @@ namespace zeph::gui {
 // Runs core work for a widget; the window passes it through its guard.
 using CoreCall = std::function<void(const std::function<void()>&)>;
 
+class ItemBinding;
+
+// The binding of one window whose item holds the sheet's focus. The sheet hears of moves of
+// focus within its window; leaving for another window or a popup and coming back to the same
+// widget is no move, while coming back to another widget is one.
+struct SheetFocus {
+    ItemBinding* holder = nullptr;
+};
+
 class ItemBinding : public QObject {
   public:
     ItemBinding(CharacterSheet& sheet, Item& item, QWidget& widget, CoreCall call);
@@ -35,6 +44,8 @@ class ItemBinding : public QObject {
 
     // Shows the whole item: content and visibility.
     void ShowAll();
+    // Joins the focus of the other bindings of its window.
+    void ShareFocus(SheetFocus& focus) { focus_ = &focus; }
 
   protected:
     // Brings the widget up to the item after a change of that sort; never echoes back.
@@ -59,6 +70,8 @@ class ItemBinding : public QObject {
     const Operation* lostFocus_;
     const Operation* mouseDown_;
     const Operation* doubleClick_;
+    SheetFocus ownFocus_;
+    SheetFocus* focus_ = &ownFocus_;
 };
 
 // Makes the widgets of one sheet's items, by item name, and owns their bindings. Destroy it
@@ -79,10 +92,12 @@ class SheetBinder {
 
   private:
     Item& find(const std::string& itemName) const;
+    void adopt(std::unique_ptr<ItemBinding> binding);
 
     CharacterSheet& sheet_;
     CoreCall call_;
     QWidget* owner_;
+    SheetFocus focus_;
     std::vector<std::unique_ptr<ItemBinding>> bindings_;
 };
 
