@@ -8,6 +8,8 @@
 #include "large_rule_data.h"
 #include "platform/ScriptedPlatform.h"
 #include "ruledata/DataModule.h"
+#include "rules/SecondaryAttributes.h"
+#include "rules/SheetOperations.h"
 #include "sheet/CharacterSheet.h"
 
 namespace zeph::bench {
@@ -48,7 +50,7 @@ void PrepareSheet(CharacterSheet& sheet, const RuleData& rules) {
 // A sheet prepared on one rule data file, kept apart from every other sheet.
 struct PreparedSheet {
     explicit PreparedSheet(const std::string& path)
-        : platform("/nonexistent-prefs", "/nonexistent-app", "/tmp"), sheet(data, platform) {
+        : platform("/nonexistent-prefs", "/nonexistent-app", "/tmp"), sheet(data, platform, SheetOperations()) {
         data.xdata = RuleData::LoadFile(path);
         PrepareSheet(sheet, *data.xdata);
     }
@@ -65,7 +67,7 @@ struct PreparedSheet {
 
 void Recompute(benchmark::State& state, std::string (*path)()) {
     PreparedSheet prepared(path());
-    for (auto _ : state) prepared.sheet.FigureSecondaryAttributes();
+    for (auto _ : state) FigureSecondaryAttributes(prepared.sheet);
     prepared.Failed(state);
 }
 
@@ -74,8 +76,8 @@ void RecomputeLargeOverSample(benchmark::State& state) {
     PreparedSheet sample(SampleRuleDataPath());
     PreparedSheet large(LargeRuleDataPath());
     TimeInTurns(
-        state, "large_over_sample", [&] { sample.sheet.FigureSecondaryAttributes(); },
-        [&] { large.sheet.FigureSecondaryAttributes(); });
+        state, "large_over_sample", [&] { FigureSecondaryAttributes(sample.sheet); },
+        [&] { FigureSecondaryAttributes(large.sheet); });
     if (!sample.Failed(state)) large.Failed(state);
 }
 

@@ -4,8 +4,8 @@
 #include <regex>
 
 #include "platform/Files.h"
-#include "sheet/Operations.h"
-#include "sheet/TextHelpers.h"
+#include "rules/SheetOperations.h"
+#include "text/TextHelpers.h"
 
 namespace zeph {
 namespace {
@@ -45,7 +45,7 @@ ScriptRunner::ScriptRunner(std::ostream& out, std::ostream& err,
       platform_(preferencesFolder, applicationFolder,
                 std::filesystem::temp_directory_path().string()),
       app_(data_, platform_),
-      sheet_(data_, platform_) {
+      sheet_(data_, platform_, SheetOperations()) {
     platform_.SetLineSink([this](const std::string& line) { out_ << line << "\n"; });
 }
 

@@ -1,6 +1,6 @@
 #include "platform/ScriptedPlatform.h"
 
-#include "sheet/TextHelpers.h"
+#include "text/TextHelpers.h"
 
 namespace zeph {
 

@@ -7,7 +7,7 @@
 
 #include "platform/Files.h"
 #include "platform/Platform.h"
-#include "sheet/TextHelpers.h"
+#include "text/TextHelpers.h"
 
 namespace zeph {
 namespace {

@@ -1,6 +1,6 @@
 #include "ruledata/XmlError.h"
 
-#include "sheet/TextHelpers.h"
+#include "text/TextHelpers.h"
 
 namespace zeph {
 

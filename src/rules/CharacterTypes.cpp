@@ -1,10 +1,10 @@
-// Character types: the lists of the background block, the reaction to a new type or choice,
-// and the qualities that a choice brings with it.
+#include "rules/CharacterTypes.h"
+
 #include "platform/Platform.h"
 #include "ruledata/RuleData.h"
+#include "rules/SecondaryAttributes.h"
 #include "sheet/CharacterSheet.h"
-#include "sheet/Operations.h"
-#include "sheet/TextHelpers.h"
+#include "text/TextHelpers.h"
 
 namespace zeph {
 namespace {
@@ -28,113 +28,124 @@ void reloadRows(CharacterSheet& sheet, ComboItem& item, const std::string& query
 
 }  // namespace
 
-void CharacterSheet::LoadCharacterTypes() {
-    reloadRows(*this, CharacterTypePopup, "//charactertype/type");
+void LoadCharacterTypes(CharacterSheet& sheet) {
+    reloadRows(sheet, sheet.CharacterTypePopup, "//charactertype/type");
 }
 
-void CharacterSheet::LoadConceptBox() { reloadRows(*this, ConceptBox, "//concepts/name"); }
-
-void CharacterSheet::LoadAssociationCombo() {
-    reloadRows(*this, AssociationCombo, "//associations/name");
+void LoadConceptBox(CharacterSheet& sheet) {
+    reloadRows(sheet, sheet.ConceptBox, "//concepts/name");
 }
 
-void CharacterSheet::CharacterTypePopup_Change() {
-    if (loadingCharFile) return;
+void LoadAssociationCombo(CharacterSheet& sheet) {
+    reloadRows(sheet, sheet.AssociationCombo, "//associations/name");
+}
+
+void CharacterTypePopup_Change(CharacterSheet& sheet) {
+    if (sheet.loadingCharFile) return;
     try {
-        ChooseCharPopup.DeleteAllRows();
-        XmlNodeList choices = Rules().Query("//charactertype/type[@value='" +
-                                            CharacterTypePopup.Text() + "']/name");
+        sheet.ChooseCharPopup.DeleteAllRows();
+        XmlNodeList choices = sheet.Rules().Query("//charactertype/type[@value='" +
+                                                  sheet.CharacterTypePopup.Text() + "']/name");
         for (int i = 0; i < choices.Count(); ++i)
-            ChooseCharPopup.AddRow(choices.Item(i).Attribute("value"));
-        savedChar = false;
+            sheet.ChooseCharPopup.AddRow(choices.Item(i).Attribute("value"));
+        sheet.savedChar = false;
     } catch (const XmlError& failure) {
-        ShowXmlFailure(failure);
+        sheet.ShowXmlFailure(failure);
     }
 }
 
-void CharacterSheet::ChooseCharPopup_Change() {
-    if (loadingCharFile) return;
-    AddQualityFromCharType(CharacterTypePopup.Text(), ChooseCharPopup.Text());
-    FigureSecondaryAttributes();
-    savedChar = false;
+void ChooseCharPopup_Change(CharacterSheet& sheet) {
+    if (sheet.loadingCharFile) return;
+    AddQualityFromCharType(sheet, sheet.CharacterTypePopup.Text(), sheet.ChooseCharPopup.Text());
+    FigureSecondaryAttributes(sheet);
+    sheet.savedChar = false;
 }
 
-void CharacterSheet::ChooseCharPopup_LostFocus() {
-    AddQualityFromCharType(CharacterTypePopup.Text(), ChooseCharPopup.Text());
-    FigureSecondaryAttributes();
+void ChooseCharPopup_LostFocus(CharacterSheet& sheet) {
+    AddQualityFromCharType(sheet, sheet.CharacterTypePopup.Text(), sheet.ChooseCharPopup.Text());
+    FigureSecondaryAttributes(sheet);
 }
 
-void CharacterSheet::AssociationCombo_Change() {
-    if (loadingCharFile) return;
+void AssociationCombo_Change(CharacterSheet& sheet) {
+    if (sheet.loadingCharFile) return;
     try {
-        XmlNodeList notes = Rules().Query("//associations/name[@value='" +
-                                          AssociationCombo.Text() + "']/notes");
+        XmlNodeList notes = sheet.Rules().Query("//associations/name[@value='" +
+                                                sheet.AssociationCombo.Text() + "']/notes");
         if (notes.Empty()) return;
-        if (auto text = notes.Item(0).FirstChildValue()) AssociationField.SetText(*text);
-        savedChar = false;
+        if (auto text = notes.Item(0).FirstChildValue()) sheet.AssociationField.SetText(*text);
+        sheet.savedChar = false;
     } catch (const XmlError& failure) {
-        ShowXmlFailure(failure);
+        sheet.ShowXmlFailure(failure);
     }
 }
 
-void CharacterSheet::AddQualityFromCharType(const std::string& type, const std::string& choice) {
+void AddQualityFromCharType(CharacterSheet& sheet, const std::string& type,
+                            const std::string& choice) {
+    const RuleData& rules = sheet.Rules();
+    ListItem& list = sheet.QualityListBox;
+    std::string& applied = sheet.q_chartype;
     try {
         // Take away the rows of the last application. The walk does not look again at the
         // index it removed from, so of two adjacent rows of one name the second stays.
-        for (int f = 1; !q_chartype.empty() && f <= CountFields(q_chartype, "&&"); ++f) {
-            const std::string name = NthField(q_chartype, "&&", f);
-            for (int row = 0; row < QualityListBox.ListCount(); ++row)
-                if (EqualsNoCase(QualityListBox.Cell(row, 0), name)) QualityListBox.RemoveRow(row);
+        for (int f = 1; !applied.empty() && f <= CountFields(applied, "&&"); ++f) {
+            const std::string name = NthField(applied, "&&", f);
+            for (int row = 0; row < list.ListCount(); ++row)
+                if (EqualsNoCase(list.Cell(row, 0), name)) list.RemoveRow(row);
         }
 
         const std::string choicePath = choiceQuery(type, choice);
-        if (Rules().Query(choicePath).Empty()) return;
-        auto required = Rules().Leaf(choicePath + "/qualityrequired");
+        if (rules.Query(choicePath).Empty()) return;
+        auto required = rules.Leaf(choicePath + "/qualityrequired");
         if (!required) return;
-        q_chartype = *required;
+        applied = *required;
 
         std::string altFormKey;
-        for (int f = 1; f <= CountFields(q_chartype, "&&"); ++f) {
-            const std::string name = NthField(q_chartype, "&&", f);
+        for (int f = 1; f <= CountFields(applied, "&&"); ++f) {
+            const std::string name = NthField(applied, "&&", f);
             const std::string quality = "//qualities/*/name[@value='" + name + "']";
-            if (Rules().Query(quality).Empty()) continue;
+            if (rules.Query(quality).Empty()) continue;
 
-            ListItem& list = QualityListBox;
             list.AddRow(name);
             const int row = list.LastIndex();
             list.SetCell(row, 1, "1");
-            if (auto costs = Rules().Record(quality + "/costs")) {
+            if (auto costs = rules.Record(quality + "/costs")) {
                 list.SetCell(row, 2, costs->Attribute("creationcost"));
                 list.SetCell(row, 7, costs->Attribute("maxlevel"));
-                list.SetCell(row, 8, costs->Attribute("creationcost") + "/" +
-                                         costs->Attribute("creationcost_highvalue"));
-                list.SetCell(row, 9, costs->Attribute("experiencecost") + "/" +
-                                         costs->Attribute("experiencecost_highvalue"));
+                list.SetCell(row, 8,
+                             costs->Attribute("creationcost") + "/" +
+                                 costs->Attribute("creationcost_highvalue"));
+                list.SetCell(row, 9,
+                             costs->Attribute("experiencecost") + "/" +
+                                 costs->Attribute("experiencecost_highvalue"));
             }
             const std::pair<int, const char*> leaves[] = {
                 {4, "notes"}, {5, "pagereference"}, {6, "prerequisites"}};
             for (const auto& [column, leaf] : leaves)
-                if (auto text = Rules().Leaf(quality + "/" + leaf)) list.SetCell(row, column, *text);
+                if (auto text = rules.Leaf(quality + "/" + leaf)) list.SetCell(row, column, *text);
             if (InStr(name, "Channeling") > 0 || InStr(name, "Sadicas") > 0 ||
                 EqualsNoCase(name, "Taint"))
                 list.SetCell(row, 10, name);
-            if (auto bonus = Rules().Record(quality + "/bonusattr"))
+            if (auto bonus = rules.Record(quality + "/bonusattr"))
                 for (int a = 0; a < kAttributeCount; ++a)
-                    list.SetCell(row, 11 + a, bonus->Attribute(Lowercase(kAttributeNames[a])));
-            if (auto points = Rules().Record(quality + "/bonuspts")) {
-                const char* const kBonusPoints[] = {
-                    "bonusskill",   "optskillbonus", "bonusmeta",   "bonusattr",
-                    "bonusessence_attrbased", "bonusessence", "bonuslifepts", "bonusspeed",
-                    "bonusendurance"};
+                    list.SetCell(row, 11 + a, bonus->Attribute(kAttributeKeys[a]));
+            if (auto points = rules.Record(quality + "/bonuspts")) {
+                const char* const kBonusPoints[] = {"bonusskill",
+                                                    "optskillbonus",
+                                                    "bonusmeta",
+                                                    "bonusattr",
+                                                    "bonusessence_attrbased",
+                                                    "bonusessence",
+                                                    "bonuslifepts",
+                                                    "bonusspeed",
+                                                    "bonusendurance"};
                 for (int i = 0; i < 9; ++i)
                     list.SetCell(row, 17 + i, points->Attribute(kBonusPoints[i]));
             }
             if (InStr(name, "Taint Pool") > 0 || EqualsNoCase(name, "Taint"))
                 list.SetCell(row, 26, "5");
 
-            if (auto key = Rules().Leaf(choicePath + "/alternateform")) altFormKey = *key;
-            XmlNodeList forms =
-                Rules().Query("//altforms/type[@value='" + altFormKey + "']/name");
+            if (auto key = rules.Leaf(choicePath + "/alternateform")) altFormKey = *key;
+            XmlNodeList forms = rules.Query("//altforms/type[@value='" + altFormKey + "']/name");
             if (!forms.Empty()) {
                 std::vector<std::string> names;
                 for (int i = 0; i < forms.Count(); ++i)
@@ -143,32 +154,26 @@ void CharacterSheet::AddQualityFromCharType(const std::string& type, const std::
             }
         }
     } catch (const XmlError& failure) {
-        ShowXmlFailure(failure);
+        sheet.ShowXmlFailure(failure);
     }
 }
 
 void AddCharacterTypeOperations(OperationTable& table) {
-    AddOperation(table, "LoadCharacterTypes", [](CharacterSheet& s) { s.LoadCharacterTypes(); });
-    AddOperation(table, "LoadConceptBox", [](CharacterSheet& s) { s.LoadConceptBox(); });
-    AddOperation(table, "LoadAssociationCombo", [](CharacterSheet& s) { s.LoadAssociationCombo(); });
-    AddOperation(table, "CharacterTypePopup_GotFocus",
-                 [](CharacterSheet& s) { s.LoadCharacterTypes(); });
-    AddOperation(table, "ConceptBox_GotFocus", [](CharacterSheet& s) { s.LoadConceptBox(); });
-    AddOperation(table, "AssociationCombo_GotFocus",
-                 [](CharacterSheet& s) { s.LoadAssociationCombo(); });
-    AddOperation(table, "CharacterTypePopup_Change",
-                 [](CharacterSheet& s) { s.CharacterTypePopup_Change(); });
-    AddOperation(table, "ChooseCharPopup_Change", [](CharacterSheet& s) { s.ChooseCharPopup_Change(); });
-    AddOperation(table, "ChooseCharPopup_LostFocus",
-                 [](CharacterSheet& s) { s.ChooseCharPopup_LostFocus(); });
-    AddOperation(table, "AssociationCombo_Change",
-                 [](CharacterSheet& s) { s.AssociationCombo_Change(); });
-    AddOperationWithArgument(table, "AddQualityFromCharType",
-                             [](CharacterSheet& s, const std::string& argument) {
-                                 // "TYPE|CHOICE", as the console passes two texts in one.
-                                 s.AddQualityFromCharType(NthField(argument, "|", 1),
-                                                          NthField(argument, "|", 2));
-                             });
+    AddOperation(table, "LoadCharacterTypes", LoadCharacterTypes);
+    AddOperation(table, "LoadConceptBox", LoadConceptBox);
+    AddOperation(table, "LoadAssociationCombo", LoadAssociationCombo);
+    AddOperation(table, "CharacterTypePopup_GotFocus", LoadCharacterTypes);
+    AddOperation(table, "ConceptBox_GotFocus", LoadConceptBox);
+    AddOperation(table, "AssociationCombo_GotFocus", LoadAssociationCombo);
+    AddOperation(table, "CharacterTypePopup_Change", CharacterTypePopup_Change);
+    AddOperation(table, "ChooseCharPopup_Change", ChooseCharPopup_Change);
+    AddOperation(table, "ChooseCharPopup_LostFocus", ChooseCharPopup_LostFocus);
+    AddOperation(table, "AssociationCombo_Change", AssociationCombo_Change);
+    AddOperationWithArgument(
+        table, "AddQualityFromCharType", [](CharacterSheet& s, const std::string& argument) {
+            // "TYPE|CHOICE", as the console passes two texts in one.
+            AddQualityFromCharType(s, NthField(argument, "|", 1), NthField(argument, "|", 2));
+        });
 }
 
 }  // namespace zeph

@@ -1,10 +1,9 @@
-// Attributes and point accounting: what the character has spent in each budget, the optional
-// skill and age rules, the placing of free bonus points, and the status line.
-#include "platform/Platform.h"
+#include "rules/PointAccounting.h"
+
 #include "ruledata/DataModule.h"
+#include "rules/SecondaryAttributes.h"
 #include "sheet/CharacterSheet.h"
-#include "sheet/Operations.h"
-#include "sheet/TextHelpers.h"
+#include "text/TextHelpers.h"
 
 namespace zeph {
 namespace {
@@ -31,30 +30,35 @@ bool typeIsOneOf(const std::string& type, std::initializer_list<const char*> nam
 
 }  // namespace
 
-std::string CharacterSheet::SumQualityPoints() { return sumCosts(QualityListBox, Sign::Positive); }
-std::string CharacterSheet::SumDrawbackPts() { return sumCosts(QualityListBox, Sign::Negative); }
-std::string CharacterSheet::SumMetaPts() { return sumCosts(MetaListBox, Sign::Any); }
-std::string CharacterSheet::SumSkillPts() { return sumCosts(SkillListBox, Sign::Any); }
+std::string SumQualityPoints(CharacterSheet& sheet) {
+    return sumCosts(sheet.QualityListBox, Sign::Positive);
+}
+std::string SumDrawbackPts(CharacterSheet& sheet) {
+    return sumCosts(sheet.QualityListBox, Sign::Negative);
+}
+std::string SumMetaPts(CharacterSheet& sheet) { return sumCosts(sheet.MetaListBox, Sign::Any); }
+std::string SumSkillPts(CharacterSheet& sheet) { return sumCosts(sheet.SkillListBox, Sign::Any); }
 
-std::string CharacterSheet::SumAttrPts() {
+std::string SumAttrPts(CharacterSheet& sheet) {
     // A point up to 5 costs 1, each point above 5 costs 3; bonus points cost nothing.
     double sum = 0;
     for (int a = 0; a < kAttributeCount; ++a) {
-        double value = Val(AttributeOf(a).field.Text());
+        double value = Val(sheet.AttributeOf(a).field.Text());
         sum += value;
         if (value > 5) sum += (value - 5) * 2;
     }
     return Str(static_cast<double>(Whole(sum)));
 }
 
-std::int64_t CharacterSheet::CalcSkillPts() {
-    std::int64_t points = Whole(Max(3 * CDbl(IntelligenceTotal.Text()), 1));
+std::int64_t CalcSkillPts(CharacterSheet& sheet) {
+    const ListItem& qualities = sheet.QualityListBox;
+    std::int64_t points = Whole(Max(3 * CDbl(sheet.IntelligenceTotal.Text()), 1));
     std::int64_t status = 0;
     std::int64_t resources = 0;
     bool hasAgeQuality = false;
-    for (int row = 0; row < QualityListBox.ListCount(); ++row) {
-        const std::string& name = QualityListBox.Cell(row, 0);
-        const std::int64_t level = Whole(QualityListBox.Cell(row, 1));
+    for (int row = 0; row < qualities.ListCount(); ++row) {
+        const std::string& name = qualities.Cell(row, 0);
+        const std::int64_t level = Whole(qualities.Cell(row, 1));
         if (EqualsNoCase(Left(name, 14), "Status Quality")) status += level;
         if (EqualsNoCase(Left(name, 17), "Resources Quality")) resources += level;
         if (EqualsNoCase(Left(name, 3), "Age")) hasAgeQuality = true;
@@ -63,77 +67,77 @@ std::int64_t CharacterSheet::CalcSkillPts() {
     if (social > 0) points += social;
     if (hasAgeQuality) return points + 5;
 
-    if (typeIsOneOf(CharacterTypePopup.Text(), {"Gifted", "Mundane", "Human"})) {
-        double age = CDbl(AgeField.Text());
+    if (typeIsOneOf(sheet.CharacterTypePopup.Text(), {"Gifted", "Mundane", "Human"})) {
+        double age = CDbl(sheet.AgeField.Text());
         if (age < 18) points -= 5;
         if (age > 30) points += Whole(Floor((age - 30) / 10) * 5);
     }
     return points;
 }
 
-std::int64_t CharacterSheet::CalcAgeAttrbPenalty() {
+std::int64_t CalcAgeAttrbPenalty(CharacterSheet& sheet) {
+    const ListItem& qualities = sheet.QualityListBox;
     bool hasAgeQuality = false;
-    for (int row = 0; row < QualityListBox.ListCount(); ++row)
-        if (EqualsNoCase(QualityListBox.Cell(row, 0), "Age")) hasAgeQuality = true;
+    for (int row = 0; row < qualities.ListCount(); ++row)
+        if (EqualsNoCase(qualities.Cell(row, 0), "Age")) hasAgeQuality = true;
     // "Human" is deliberately missing here, unlike in the skill rule.
-    if (hasAgeQuality || !typeIsOneOf(CharacterTypePopup.Text(), {"Gifted", "Mundane"})) return 0;
-    double age = CDbl(AgeField.Text());
+    if (hasAgeQuality || !typeIsOneOf(sheet.CharacterTypePopup.Text(), {"Gifted", "Mundane"}))
+        return 0;
+    double age = CDbl(sheet.AgeField.Text());
     return age > 30 ? Whole(Floor((age - 30) / 10) * -2) : 0;
 }
 
-void CharacterSheet::ShowBonus() {
-    if (mentalBonus > 0 || physicalBonus > 0) {
-        InfoText.SetText(
+void ShowBonus(CharacterSheet& sheet) {
+    if (sheet.mentalBonus > 0 || sheet.physicalBonus > 0) {
+        sheet.InfoText.SetText(
             "Bonus points are availble. Click the green number next to an attribute you wish to "
             "increase. Mental=" +
-            Str(static_cast<double>(mentalBonus)) +
-            ". Physical=" + Str(static_cast<double>(physicalBonus)) + ".");
+            Str(static_cast<double>(sheet.mentalBonus)) +
+            ". Physical=" + Str(static_cast<double>(sheet.physicalBonus)) + ".");
     } else {
         std::string line;
-        if (!AttributeField.Text().empty())
-            line = "Attr(" + AttributeField.Text() + ") Q(" + QualityField.Text() + ") D(" +
-                   DrawbackField.Text() + ") S(" + SkillField.Text() + ") M(" +
-                   MetaField.Text() + ") " + "     |     ";
-        InfoText.SetText(line + "Books in use: " + Data().zephalondata);
+        if (!sheet.AttributeField.Text().empty())
+            line = "Attr(" + sheet.AttributeField.Text() + ") Q(" + sheet.QualityField.Text() +
+                   ") D(" + sheet.DrawbackField.Text() + ") S(" + sheet.SkillField.Text() + ") M(" +
+                   sheet.MetaField.Text() + ") " + "     |     ";
+        sheet.InfoText.SetText(line + "Books in use: " + sheet.Data().zephalondata);
     }
-    InfoText.SetVisible(true);
+    sheet.InfoText.SetVisible(true);
 }
 
-void CharacterSheet::AttributeBonus_MouseDown(int attribute) {
-    std::int64_t& pool = attribute < Intelligence ? physicalBonus : mentalBonus;
+void AttributeBonus_MouseDown(CharacterSheet& sheet, int attribute) {
+    std::int64_t& pool = attribute < Intelligence ? sheet.physicalBonus : sheet.mentalBonus;
     if (pool <= 0) return;
-    TextItem& bonus = AttributeOf(attribute).bonus;
+    TextItem& bonus = sheet.AttributeOf(attribute).bonus;
     bonus.SetText(Str(Val(bonus.Text()) + 1));
     --pool;
-    ++attrBonus[static_cast<std::size_t>(attribute)];
-    ShowBonus();
+    ++sheet.attrBonus[static_cast<std::size_t>(attribute)];
+    ShowBonus(sheet);
 }
 
-void CharacterSheet::OptionalSkillPointBox_Action() {
-    if (!loadingCharFile) FigureSecondaryAttributes();
+void OptionalSkillPointBox_Action(CharacterSheet& sheet) {
+    if (!sheet.loadingCharFile) FigureSecondaryAttributes(sheet);
 }
 
 void AddPointAccountingOperations(OperationTable& table) {
     for (int a = 0; a < kAttributeCount; ++a) {
         const std::string name = kAttributeNames[a];
         AddOperation(table, name + "Bonus_MouseDown",
-                     [a](CharacterSheet& s) { s.AttributeBonus_MouseDown(a); });
-        AddOperation(table, name + "Field_LostFocus",
-                     [](CharacterSheet& s) { s.FigureSecondaryAttributes(); });
+                     [a](CharacterSheet& s) { AttributeBonus_MouseDown(s, a); });
+        AddOperation(table, name + "Field_LostFocus", FigureSecondaryAttributes);
     }
-    AddResultOperation(table, "SumQualityPoints", [](CharacterSheet& s) { return s.SumQualityPoints(); });
-    AddResultOperation(table, "SumDrawbackPts", [](CharacterSheet& s) { return s.SumDrawbackPts(); });
-    AddResultOperation(table, "SumMetaPts", [](CharacterSheet& s) { return s.SumMetaPts(); });
-    AddResultOperation(table, "SumSkillPts", [](CharacterSheet& s) { return s.SumSkillPts(); });
-    AddResultOperation(table, "SumAttrPts", [](CharacterSheet& s) { return s.SumAttrPts(); });
+    AddResultOperation(table, "SumQualityPoints", SumQualityPoints);
+    AddResultOperation(table, "SumDrawbackPts", SumDrawbackPts);
+    AddResultOperation(table, "SumMetaPts", SumMetaPts);
+    AddResultOperation(table, "SumSkillPts", SumSkillPts);
+    AddResultOperation(table, "SumAttrPts", SumAttrPts);
     AddResultOperation(table, "CalcSkillPts",
-                       [](CharacterSheet& s) { return Str(static_cast<double>(s.CalcSkillPts())); });
+                       [](CharacterSheet& s) { return Str(static_cast<double>(CalcSkillPts(s))); });
     AddResultOperation(table, "CalcAgeAttrbPenalty", [](CharacterSheet& s) {
-        return Str(static_cast<double>(s.CalcAgeAttrbPenalty()));
+        return Str(static_cast<double>(CalcAgeAttrbPenalty(s)));
     });
-    AddOperation(table, "ShowBonus", [](CharacterSheet& s) { s.ShowBonus(); });
-    AddOperation(table, "OptionalSkillPointBox_Action",
-                 [](CharacterSheet& s) { s.OptionalSkillPointBox_Action(); });
+    AddOperation(table, "ShowBonus", ShowBonus);
+    AddOperation(table, "OptionalSkillPointBox_Action", OptionalSkillPointBox_Action);
 }
 
 }  // namespace zeph

@@ -1,30 +1,31 @@
-// Quality bonuses: the attribute bonuses of the rows of QualityListBox and the pool summary.
 // The per-row bonus pass that feeds the budgets runs inside the recomputation.
+#include "rules/QualityBonuses.h"
+
 #include "sheet/CharacterSheet.h"
-#include "sheet/Operations.h"
-#include "sheet/TextHelpers.h"
+#include "text/TextHelpers.h"
 
 namespace zeph {
 
-void CharacterSheet::QualityGetBonus() {
+void QualityGetBonus(CharacterSheet& sheet) {
+    const ListItem& qualities = sheet.QualityListBox;
     double attributeSums[kAttributeCount] = {};
     double essenceChanneling = 0;
     double taintChanneling = 0;
     double sadicas = 0;
 
-    for (int row = 0; row < QualityListBox.ListCount(); ++row) {
-        const double level = Val(QualityListBox.Cell(row, 1));
-        const std::string& marker = QualityListBox.Cell(row, 10);
+    for (int row = 0; row < qualities.ListCount(); ++row) {
+        const double level = Val(qualities.Cell(row, 1));
+        const std::string& marker = qualities.Cell(row, 10);
         if (!marker.empty()) {
             if (InStr(marker, "Essence Channeling") > 0) essenceChanneling += level;
             if (InStr(marker, "Taint Channeling") > 0) taintChanneling += level;
             if (EqualsNoCase(marker, "Taint")) taintChanneling += level;
             if (InStr(marker, "Sadicas") > 0) sadicas += level;
             // The total of the last recomputation: the totals are renewed after this runs.
-            if (EqualsNoCase(marker, "Adept")) sadicas += Val(IntelligenceTotal.Text());
+            if (EqualsNoCase(marker, "Adept")) sadicas += Val(sheet.IntelligenceTotal.Text());
         }
         for (int a = 0; a < kAttributeCount; ++a)
-            attributeSums[a] += Val(QualityListBox.Cell(row, 11 + a)) * level;
+            attributeSums[a] += Val(qualities.Cell(row, 11 + a)) * level;
     }
 
     std::string summary;
@@ -40,17 +41,17 @@ void CharacterSheet::QualityGetBonus() {
         else
             summary += ", Taint Channeling: " + Str(sadicas);
     }
-    ExtraStatsField.SetText(summary);
+    sheet.ExtraStatsField.SetText(summary);
 
     for (int a = 0; a < kAttributeCount; ++a) {
-        TextItem& bonus = AttributeOf(a).bonus;
+        TextItem& bonus = sheet.AttributeOf(a).bonus;
         bonus.SetText(Str(attributeSums[a] + Val(bonus.Text()) +
-                          static_cast<double>(m_all_bonuses[static_cast<std::size_t>(a)])));
+                          static_cast<double>(sheet.m_all_bonuses[static_cast<std::size_t>(a)])));
     }
 }
 
 void AddQualityBonusOperations(OperationTable& table) {
-    AddOperation(table, "QualityGetBonus", [](CharacterSheet& s) { s.QualityGetBonus(); });
+    AddOperation(table, "QualityGetBonus", QualityGetBonus);
 }
 
 }  // namespace zeph

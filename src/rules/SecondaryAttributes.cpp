@@ -1,12 +1,15 @@
 // The one recomputation of the sheet: the type's record, the primary totals, the bonus pass
 // over the qualities, the secondary attributes, the budgets and the drama-point mode, in this
 // order, each step reading what the steps before it wrote.
+#include "rules/SecondaryAttributes.h"
+
 #include <optional>
 
 #include "ruledata/RuleData.h"
+#include "rules/PointAccounting.h"
+#include "rules/QualityBonuses.h"
 #include "sheet/CharacterSheet.h"
-#include "sheet/Operations.h"
-#include "sheet/TextHelpers.h"
+#include "text/TextHelpers.h"
 
 namespace zeph {
 namespace {
@@ -18,9 +21,7 @@ struct BonusSums {
     std::int64_t life = 0, speed = 0, endurance = 0, taintPool = 0;
 };
 
-void addCut(std::int64_t& sum, double amount) {
-    sum = Whole(static_cast<double>(sum) + amount);
-}
+void addCut(std::int64_t& sum, double amount) { sum = Whole(static_cast<double>(sum) + amount); }
 
 double valueOf(const TextItem& item) { return Val(item.Text()); }
 
@@ -28,7 +29,7 @@ double highest(double a, double b, double c) { return Max(Max(a, b), c); }
 
 // The quality bonus pass over one row of QualityListBox.
 class BonusPass {
-public:
+  public:
     BonusPass(CharacterSheet& sheet, BonusSums& sums) : s_(sheet), sums_(sums) {}
 
     void Row(int row) {
@@ -49,7 +50,7 @@ public:
             if (!cell(22 + i).empty()) addCut(*flat[i], Val(cell(22 + i)) * level);
     }
 
-private:
+  private:
     // An attribute word, "&&", a multiplier. For "Mental" and "Physical" outside the meta
     // column the multiplier is read from the meta column of the row: kept as it always was.
     double expression(const std::string& text, const std::string& metaColumn, bool isMetaColumn,
@@ -89,78 +90,76 @@ private:
 
 }  // namespace
 
-void CharacterSheet::FigureSecondaryAttributes() {
+void FigureSecondaryAttributes(CharacterSheet& s) {
     try {
         const std::string choicePath = "//charactertype/type[@value='" +
-                                       CharacterTypePopup.Text() + "']/name[@value='" +
-                                       ChooseCharPopup.Text() + "']";
-        auto m = [this](int index) {
-            return static_cast<double>(m_all_bonuses[static_cast<std::size_t>(index)]);
+                                       s.CharacterTypePopup.Text() + "']/name[@value='" +
+                                       s.ChooseCharPopup.Text() + "']";
+        auto m = [&s](int index) {
+            return static_cast<double>(s.m_all_bonuses[static_cast<std::size_t>(index)]);
         };
 
         // Step 1: the type's fixed bonuses, and the reset of free points not wholly placed.
         std::int64_t typeEssence = 0;
         std::string typeSpeed;
         std::int64_t vitalAdder = 0;
-        if (auto points = Rules().Record(choicePath + "/bonuspts")) {
-            auto fieldBonus = [&](int a) { return CDbl(AttributeOf(a).bonus.Text()); };
-            auto recordBonus = [&](int a) {
-                return CDbl(points->Attribute(Lowercase(kAttributeNames[a])));
-            };
+        if (auto points = s.Rules().Record(choicePath + "/bonuspts")) {
+            auto fieldBonus = [&](int a) { return CDbl(s.AttributeOf(a).bonus.Text()); };
+            auto recordBonus = [&](int a) { return CDbl(points->Attribute(kAttributeKeys[a])); };
             std::int64_t physicalSum =
                 Whole(fieldBonus(Strength) + fieldBonus(Dexterity) + fieldBonus(Constitution));
-            std::int64_t mentalSum = Whole(fieldBonus(Intelligence) + fieldBonus(Perception) +
-                                           fieldBonus(Willpower));
+            std::int64_t mentalSum =
+                Whole(fieldBonus(Intelligence) + fieldBonus(Perception) + fieldBonus(Willpower));
             std::int64_t physicalExpected =
                 Whole(recordBonus(Strength) + recordBonus(Dexterity) + recordBonus(Constitution) +
                       Val(points->Attribute("physicalattr")) + m(7));
             std::int64_t mentalExpected =
-                Whole(recordBonus(Intelligence) + recordBonus(Perception) +
-                      recordBonus(Willpower) + CDbl(points->Attribute("mentalattr")) + m(6));
+                Whole(recordBonus(Intelligence) + recordBonus(Perception) + recordBonus(Willpower) +
+                      CDbl(points->Attribute("mentalattr")) + m(6));
             if (physicalSum != physicalExpected || mentalSum != mentalExpected) {
                 for (int a = 0; a < kAttributeCount; ++a)
-                    AttributeOf(a).bonus.SetText(
-                        Str(Val(points->Attribute(Lowercase(kAttributeNames[a])))));
-                mentalBonus = Whole(Val(points->Attribute("mentalattr"))) + m_all_bonuses[6];
-                physicalBonus = Whole(Val(points->Attribute("physicalattr"))) + m_all_bonuses[7];
+                    s.AttributeOf(a).bonus.SetText(Str(Val(points->Attribute(kAttributeKeys[a]))));
+                s.mentalBonus = Whole(Val(points->Attribute("mentalattr"))) + s.m_all_bonuses[6];
+                s.physicalBonus =
+                    Whole(Val(points->Attribute("physicalattr"))) + s.m_all_bonuses[7];
             }
             for (int a = 0; a < kAttributeCount; ++a)
-                attrBonus[static_cast<std::size_t>(a)] = Whole(AttributeOf(a).bonus.Text());
+                s.attrBonus[static_cast<std::size_t>(a)] = Whole(s.AttributeOf(a).bonus.Text());
             typeEssence = Whole(points->Attribute("essence"));
             typeSpeed = points->Attribute("speed");
             vitalAdder = Whole(points->Attribute("vitalessence"));
         } else {
             for (int a = 0; a < kAttributeCount; ++a)
-                AttributeOf(a).bonus.SetText(
-                    Str(static_cast<double>(attrBonus[static_cast<std::size_t>(a)])));
+                s.AttributeOf(a).bonus.SetText(
+                    Str(static_cast<double>(s.attrBonus[static_cast<std::size_t>(a)])));
         }
 
         // Step 2: the qualities' and metaphysics' attribute bonuses, and the pool summary.
-        QualityGetBonus();
+        QualityGetBonus(s);
 
         // Step 3: primary totals, in the order the sheet has always formed them.
         for (int a : {Dexterity, Intelligence, Constitution, Willpower, Strength, Perception}) {
-            AttributeItems items = AttributeOf(a);
+            CharacterSheet::AttributeItems items = s.AttributeOf(a);
             items.total.SetText(Str(valueOf(items.field) + valueOf(items.bonus)));
         }
 
         // Step 4: the bonus pass over the qualities.
         BonusSums sums;
-        BonusPass pass(*this, sums);
-        for (int row = 0; row < QualityListBox.ListCount(); ++row) pass.Row(row);
+        BonusPass pass(s, sums);
+        for (int row = 0; row < s.QualityListBox.ListCount(); ++row) pass.Row(row);
 
         // Step 5: secondary bonuses.
         const bool speedDivides = InStr(typeSpeed, "/") > 0;
-        LifePointsBonus.SetText(Str(static_cast<double>(sums.life) + m(8)));
-        SpeedBonus.SetText(Str(static_cast<double>(sums.speed) +
-                               (speedDivides ? 0 : CDbl(typeSpeed)) + m(11)));
-        EnduranceBonus.SetText(Str(static_cast<double>(sums.endurance) + m(9)));
-        EssenceBonus.SetText(
+        s.LifePointsBonus.SetText(Str(static_cast<double>(sums.life) + m(8)));
+        s.SpeedBonus.SetText(
+            Str(static_cast<double>(sums.speed) + (speedDivides ? 0 : CDbl(typeSpeed)) + m(11)));
+        s.EnduranceBonus.SetText(Str(static_cast<double>(sums.endurance) + m(9)));
+        s.EssenceBonus.SetText(
             Str(static_cast<double>(sums.essence) + static_cast<double>(typeEssence) + m(10)));
 
         // Step 6: the type's formulas.
         double lifeMultiplier = 0, lifeAdder = 0, enduranceMultiplier = 0, enduranceAdder = 0;
-        if (auto calculations = Rules().Record(choicePath + "/calculations")) {
+        if (auto calculations = s.Rules().Record(choicePath + "/calculations")) {
             auto whole = [&](const char* name) {
                 return static_cast<double>(Whole(calculations->Attribute(name)));
             };
@@ -171,89 +170,90 @@ void CharacterSheet::FigureSecondaryAttributes() {
         }
 
         // Step 7: secondary totals.
-        const double strength = valueOf(StrengthTotal), constitution = valueOf(ConstitutionTotal),
-                     dexterity = valueOf(DexterityTotal), willpower = valueOf(WillpowerTotal);
-        LifePointsTotal.SetText(Str(valueOf(LifePointsBonus) +
-                                    (strength + constitution) * lifeMultiplier + lifeAdder));
-        EnduranceTotal.SetText(Str(valueOf(EnduranceBonus) +
-                                   (strength + constitution + willpower) * enduranceMultiplier +
-                                   enduranceAdder));
+        const double strength = valueOf(s.StrengthTotal),
+                     constitution = valueOf(s.ConstitutionTotal),
+                     dexterity = valueOf(s.DexterityTotal), willpower = valueOf(s.WillpowerTotal);
+        s.LifePointsTotal.SetText(Str(valueOf(s.LifePointsBonus) +
+                                      (strength + constitution) * lifeMultiplier + lifeAdder));
+        s.EnduranceTotal.SetText(Str(valueOf(s.EnduranceBonus) +
+                                     (strength + constitution + willpower) * enduranceMultiplier +
+                                     enduranceAdder));
         double primarySum = 0;
-        for (int a = 0; a < kAttributeCount; ++a) primarySum += valueOf(AttributeOf(a).total);
-        EssenceTotal.SetText(Str(valueOf(EssenceBonus) + primarySum));
+        for (int a = 0; a < kAttributeCount; ++a) primarySum += valueOf(s.AttributeOf(a).total);
+        s.EssenceTotal.SetText(Str(valueOf(s.EssenceBonus) + primarySum));
         if (speedDivides)
-            SpeedTotal.SetText(Str(valueOf(SpeedBonus) +
-                                   Round((constitution + dexterity) * 2 /
-                                         CDbl(NthField(typeSpeed, "/", 2)))));
+            s.SpeedTotal.SetText(
+                Str(valueOf(s.SpeedBonus) +
+                    Round((constitution + dexterity) * 2 / CDbl(NthField(typeSpeed, "/", 2)))));
         else
-            SpeedTotal.SetText(Str(valueOf(SpeedBonus) + (constitution + dexterity) * 2));
+            s.SpeedTotal.SetText(Str(valueOf(s.SpeedBonus) + (constitution + dexterity) * 2));
 
         // Step 8: the Taint pool joins the pool summary.
         addCut(sums.taintPool, m(12));
         if (sums.taintPool > 0) {
             const std::string pool = "Taint Pool: " + Str(static_cast<double>(sums.taintPool));
-            ExtraStatsField.SetText(ExtraStatsField.Text().empty()
-                                        ? pool
-                                        : ExtraStatsField.Text() + ", " + pool);
+            s.ExtraStatsField.SetText(
+                s.ExtraStatsField.Text().empty() ? pool : s.ExtraStatsField.Text() + ", " + pool);
         }
 
         // Step 9: the budgets.
-        if (auto creation = Rules().Record(choicePath + "/creationpts")) {
+        if (auto creation = s.Rules().Record(choicePath + "/creationpts")) {
             auto budget = [&](const char* name, double extra) {
                 return Str(Val(creation->Attribute(name)) + extra);
             };
-            QualityField.SetText(SumQualityPoints() + "/" + creation->Attribute("qualitypts"));
-            DrawbackField.SetText(SumDrawbackPts() + "/" + creation->Attribute("drawbackpts"));
-            MetaField.SetText(SumMetaPts() + "/" +
-                              budget("metapts", static_cast<double>(sums.meta)));
-            if (OptionalSkillPointBox.Value()) {
-                AttributeField.SetText(
-                    SumAttrPts() + "/" +
-                    budget("attrpts", static_cast<double>(sums.attribute + CalcAgeAttrbPenalty())));
-                SkillField.SetText(
-                    SumSkillPts() + "/" +
-                    budget("optskillptgen", static_cast<double>(sums.skill + CalcSkillPts())));
+            s.QualityField.SetText(SumQualityPoints(s) + "/" + creation->Attribute("qualitypts"));
+            s.DrawbackField.SetText(SumDrawbackPts(s) + "/" + creation->Attribute("drawbackpts"));
+            s.MetaField.SetText(SumMetaPts(s) + "/" +
+                                budget("metapts", static_cast<double>(sums.meta)));
+            if (s.OptionalSkillPointBox.Value()) {
+                s.AttributeField.SetText(
+                    SumAttrPts(s) + "/" +
+                    budget("attrpts",
+                           static_cast<double>(sums.attribute + CalcAgeAttrbPenalty(s))));
+                s.SkillField.SetText(
+                    SumSkillPts(s) + "/" +
+                    budget("optskillptgen", static_cast<double>(sums.skill + CalcSkillPts(s))));
             } else {
-                AttributeField.SetText(SumAttrPts() + "/" +
-                                       budget("attrpts", static_cast<double>(sums.attribute)));
-                SkillField.SetText(SumSkillPts() + "/" +
-                                   budget("skillpts", static_cast<double>(sums.skill)));
+                s.AttributeField.SetText(SumAttrPts(s) + "/" +
+                                         budget("attrpts", static_cast<double>(sums.attribute)));
+                s.SkillField.SetText(SumSkillPts(s) + "/" +
+                                     budget("skillpts", static_cast<double>(sums.skill)));
             }
             if (EqualsNoCase(creation->Attribute("vitalessence"), "true")) {
-                LPText.SetText("Vital Ess.:");
+                s.LPText.SetText("Vital Ess.:");
                 double vital = static_cast<double>(vitalAdder);
                 for (int a = 0; a < kAttributeCount; ++a)
-                    vital += CDbl(AttributeOf(a).total.Text());
+                    vital += CDbl(s.AttributeOf(a).total.Text());
                 // Essence is formed before the essence bonus goes into the vital figure.
-                EssenceTotal.SetText(Str(vital * 2 + valueOf(EssenceBonus)));
-                LifePointsTotal.SetText(Str(vital + valueOf(EssenceBonus)));
+                s.EssenceTotal.SetText(Str(vital * 2 + valueOf(s.EssenceBonus)));
+                s.LifePointsTotal.SetText(Str(vital + valueOf(s.EssenceBonus)));
             } else {
-                LPText.SetText("Life Points:");
+                s.LPText.SetText("Life Points:");
             }
         }
 
         // Step 10: drama-point mode. The hidden items keep being computed.
-        auto drama = Rules().Record(choicePath + "/dramapts");
+        auto drama = s.Rules().Record(choicePath + "/dramapts");
         const bool dramaPoints = drama.has_value();
-        if (dramaPoints && !CharacterInPlayBox.Value()) DPField.SetText(drama->Attribute("points"));
-        DPField.SetVisible(dramaPoints);
-        DPText.SetVisible(dramaPoints);
+        if (dramaPoints && !s.CharacterInPlayBox.Value())
+            s.DPField.SetText(drama->Attribute("points"));
+        s.DPField.SetVisible(dramaPoints);
+        s.DPText.SetVisible(dramaPoints);
         for (Item* item : std::initializer_list<Item*>{
-                 &EndText, &EnduranceBonus, &EnduranceTotal, &SpeedText, &SpeedBonus, &SpeedTotal,
-                 &EssenceLabel, &EssenceBonus, &EssenceTotal})
+                 &s.EndText, &s.EnduranceBonus, &s.EnduranceTotal, &s.SpeedText, &s.SpeedBonus,
+                 &s.SpeedTotal, &s.EssenceLabel, &s.EssenceBonus, &s.EssenceTotal})
             item->SetVisible(!dramaPoints);
 
         // Step 11: the status line.
-        ShowBonus();
+        ShowBonus(s);
     } catch (const XmlError& failure) {
-        ShowXmlFailure(failure);
+        s.ShowXmlFailure(failure);
     }
 }
 
 void AddSecondaryAttributeOperations(OperationTable& table) {
-    AddOperation(table, "FigureSecondaryAttributes",
-                 [](CharacterSheet& s) { s.FigureSecondaryAttributes(); });
-    AddOperation(table, "TabPanel1_Change", [](CharacterSheet& s) { s.FigureSecondaryAttributes(); });
+    AddOperation(table, "FigureSecondaryAttributes", FigureSecondaryAttributes);
+    AddOperation(table, "TabPanel1_Change", FigureSecondaryAttributes);
 }
 
 }  // namespace zeph

@@ -3,12 +3,12 @@
 #include "platform/Platform.h"
 #include "ruledata/DataModule.h"
 #include "ruledata/XmlError.h"
-#include "sheet/Operations.h"
 
 namespace zeph {
 
-CharacterSheet::CharacterSheet(DataModule& data, Platform& platform)
-    : data_(data), platform_(platform) {
+CharacterSheet::CharacterSheet(DataModule& data, Platform& platform,
+                               const OperationTable& operations)
+    : data_(data), platform_(platform), operations_(operations) {
     hookChangeOperations();
     registerProperties();
 }
@@ -16,10 +16,10 @@ CharacterSheet::CharacterSheet(DataModule& data, Platform& platform)
 const RuleData& CharacterSheet::Rules() const { return *data_.xdata; }
 
 void CharacterSheet::hookChangeOperations() {
-    const OperationTable& operations = SheetOperations();
-    for (const ChangeHook& hook : SheetChangeHooks()) {
-        Item* item = items_.Find(hook.item);
-        const Operation& operation = operations.at(hook.operation);
+    for (Item* item : items_.All()) {
+        auto found = operations_.find(ChangeOperationName(*item));
+        if (found == operations_.end()) continue;
+        const Operation& operation = found->second;
         item->Observe([this, &operation](ItemChange change) {
             if (change == ItemChange::Text) operation.run(*this, "");
         });
@@ -50,12 +50,18 @@ void CharacterSheet::registerProperties() {
 
 CharacterSheet::AttributeItems CharacterSheet::AttributeOf(int attribute) {
     switch (attribute) {
-        case Strength: return {StrengthField, StrengthBonus, StrengthTotal};
-        case Dexterity: return {DexterityField, DexterityBonus, DexterityTotal};
-        case Constitution: return {ConstitutionField, ConstitutionBonus, ConstitutionTotal};
-        case Intelligence: return {IntelligenceField, IntelligenceBonus, IntelligenceTotal};
-        case Perception: return {PerceptionField, PerceptionBonus, PerceptionTotal};
-        default: return {WillpowerField, WillpowerBonus, WillpowerTotal};
+        case Strength:
+            return {StrengthField, StrengthBonus, StrengthTotal};
+        case Dexterity:
+            return {DexterityField, DexterityBonus, DexterityTotal};
+        case Constitution:
+            return {ConstitutionField, ConstitutionBonus, ConstitutionTotal};
+        case Intelligence:
+            return {IntelligenceField, IntelligenceBonus, IntelligenceTotal};
+        case Perception:
+            return {PerceptionField, PerceptionBonus, PerceptionTotal};
+        default:
+            return {WillpowerField, WillpowerBonus, WillpowerTotal};
     }
 }
 

@@ -1,6 +1,6 @@
 // The model of one open character: its named items (which are the record), a few properties
-// of working state, and the operations named after item and event. The operations are
-// declared here and defined in the rules sources, one source per rule area.
+// of working state, and dirty tracking. It knows no rule: the operations named after item and
+// event are functions over the sheet, declared by each rule area in its own header.
 #pragma once
 
 #include <array>
@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "sheet/Item.h"
+#include "sheet/Operations.h"
 #include "sheet/Properties.h"
 
 namespace zeph {
@@ -23,15 +24,20 @@ enum Attribute { Strength, Dexterity, Constitution, Intelligence, Perception, Wi
 inline constexpr int kAttributeCount = 6;
 inline constexpr std::array<const char*, kAttributeCount> kAttributeNames = {
     "Strength", "Dexterity", "Constitution", "Intelligence", "Perception", "Willpower"};
+// Their names as attributes of the rule data's records.
+inline constexpr std::array<const char*, kAttributeCount> kAttributeKeys = {
+    "strength", "dexterity", "constitution", "intelligence", "perception", "willpower"};
 
 class CharacterSheet {
 public:
-    CharacterSheet(DataModule& data, Platform& platform);
+    // Each item's change runs its change operation from the table, when the table has one.
+    CharacterSheet(DataModule& data, Platform& platform, const OperationTable& operations);
     CharacterSheet(const CharacterSheet&) = delete;
     CharacterSheet& operator=(const CharacterSheet&) = delete;
 
     const ItemRegistry& Items() const { return items_; }
     const PropertyRegistry& Properties() const { return properties_; }
+    const OperationTable& Operations() const { return operations_; }
     DataModule& Data() { return data_; }
     Platform& Host() { return platform_; }
     // The rule data in force now; the data file may be replaced between any two operations.
@@ -202,41 +208,13 @@ public:
     void MarkDirty();
     void NameField_LostFocus();
 
-    // Character types.
-    void LoadCharacterTypes();
-    void LoadConceptBox();
-    void LoadAssociationCombo();
-    void CharacterTypePopup_Change();
-    void ChooseCharPopup_Change();
-    void ChooseCharPopup_LostFocus();
-    void AssociationCombo_Change();
-    void AddQualityFromCharType(const std::string& type, const std::string& choice);
-
-    // Attributes and point accounting.
-    std::string SumQualityPoints();
-    std::string SumDrawbackPts();
-    std::string SumMetaPts();
-    std::string SumSkillPts();
-    std::string SumAttrPts();
-    std::int64_t CalcSkillPts();
-    std::int64_t CalcAgeAttrbPenalty();
-    void ShowBonus();
-    // The six *Bonus_MouseDown operations: place one free point on the attribute.
-    void AttributeBonus_MouseDown(int attribute);
-    void OptionalSkillPointBox_Action();
-
-    // Secondary attributes: the one recomputation.
-    void FigureSecondaryAttributes();
-
-    // Quality bonuses.
-    void QualityGetBonus();
-
 private:
     void hookChangeOperations();
     void registerProperties();
 
     DataModule& data_;
     Platform& platform_;
+    const OperationTable& operations_;
     PropertyRegistry properties_;
 };
 

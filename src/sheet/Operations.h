@@ -1,16 +1,16 @@
-// The operations of a sheet by name, so that the window, the console and the tests all call
-// the same operation for an event. Each rule area adds its own.
+// Operations of a sheet by name, so that the window, the console and the tests all call the same
+// operation for an event. The sheet adds its own few; each rule area adds its own.
 #pragma once
 
 #include <functional>
 #include <map>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace zeph {
 
 class CharacterSheet;
+class Item;
 
 struct Operation {
     // The result is set for the operations that compute a figure (the sums of the budgets).
@@ -19,10 +19,6 @@ struct Operation {
 
 using OperationTable = std::map<std::string, Operation>;
 
-// Every operation of the sheet, built once.
-const OperationTable& SheetOperations();
-
-// Helpers for the rule areas to fill the table.
 void AddOperation(OperationTable& table, const std::string& name,
                   std::function<void(CharacterSheet&)> run);
 void AddResultOperation(OperationTable& table, const std::string& name,
@@ -30,19 +26,12 @@ void AddResultOperation(OperationTable& table, const std::string& name,
 void AddOperationWithArgument(OperationTable& table, const std::string& name,
                               std::function<void(CharacterSheet&, const std::string&)> run);
 
-// The rule areas' contributions.
-void AddSheetOperations(OperationTable& table);
-void AddCharacterTypeOperations(OperationTable& table);
-void AddPointAccountingOperations(OperationTable& table);
-void AddSecondaryAttributeOperations(OperationTable& table);
-void AddQualityBonusOperations(OperationTable& table);
+// The operation an item's change fires, by the item's kind: "_TextChange" for text items,
+// "_Change" for combos and choices, "_Action" for flags, "" for lists. The sheet runs it, when
+// the table has it, each time the item's text or flag changes, the rules' own writes included.
+std::string ChangeOperationName(const Item& item);
 
-// Which operation an item's change fires: the text of a text, combo or choice; the state of a
-// flag.
-struct ChangeHook {
-    std::string item;
-    std::string operation;
-};
-const std::vector<ChangeHook>& SheetChangeHooks();
+// The sheet's own operations: the change operations that only mark it dirty, and the title.
+void AddSheetOperations(OperationTable& table);
 
 }  // namespace zeph

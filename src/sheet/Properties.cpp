@@ -1,33 +1,8 @@
 #include "sheet/Properties.h"
 
-#include "sheet/TextHelpers.h"
+#include "text/TextHelpers.h"
 
 namespace zeph {
-
-std::string JoinFields(const std::vector<std::string>& fields, const std::string& separator) {
-    std::string joined;
-    for (std::size_t i = 0; i < fields.size(); ++i) {
-        if (i > 0) joined += separator;
-        joined += fields[i];
-    }
-    return joined;
-}
-
-std::vector<std::string> SplitFields(const std::string& text, char separator) {
-    std::vector<std::string> fields;
-    if (text.empty()) return fields;
-    std::string current;
-    for (char c : text) {
-        if (c == separator) {
-            fields.push_back(current);
-            current.clear();
-        } else {
-            current += c;
-        }
-    }
-    fields.push_back(current);
-    return fields;
-}
 
 void PropertyRegistry::Add(const std::string& name, bool& value) {
     accessors_[name] = {[&value] { return std::string(value ? "true" : "false"); },

@@ -41,8 +41,4 @@ private:
     std::map<std::string, Accessor> accessors_;
 };
 
-// Joins and splits the "," form of arrays.
-std::string JoinFields(const std::vector<std::string>& fields, const std::string& separator);
-std::vector<std::string> SplitFields(const std::string& text, char separator);
-
 }  // namespace zeph

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "rules/CharacterTypes.h"
 #include "support/SheetFixture.h"
 
 using namespace zeph;
@@ -18,13 +19,13 @@ protected:
 };
 
 TEST_F(CharacterTypes, LoadersFillTheListsInDocumentOrder) {
-    sheet->LoadCharacterTypes();
-    sheet->LoadConceptBox();
-    sheet->LoadAssociationCombo();
+    LoadCharacterTypes(*sheet);
+    LoadConceptBox(*sheet);
+    LoadAssociationCombo(*sheet);
     EXPECT_EQ(sheet->CharacterTypePopup.Rows(), (Names{"Human", "Gifted", "Spirit"}));
     EXPECT_EQ(sheet->ConceptBox.Rows(), (Names{"Drifter", "Scholar"}));
     EXPECT_EQ(sheet->AssociationCombo.Rows(), (Names{"Order", "Guild"}));
-    sheet->LoadCharacterTypes();
+    LoadCharacterTypes(*sheet);
     EXPECT_EQ(sheet->CharacterTypePopup.ListCount(), 3);
     EXPECT_TRUE(sheet->savedChar);
 }
@@ -35,7 +36,7 @@ TEST_F(CharacterTypes, ALoaderPutsTheOldIndexBackWithItsConsequences) {
     sheet->CharacterTypePopup.AddRow("Spirit");
     sheet->CharacterTypePopup.SetListIndex(0);
     sheet->loadingCharFile = false;
-    sheet->LoadCharacterTypes();
+    LoadCharacterTypes(*sheet);
     EXPECT_EQ(sheet->CharacterTypePopup.Text(), "Human");
     EXPECT_EQ(sheet->ChooseCharPopup.Rows(), (Names{"Survivor", "Fast", "Slow", "Slower"}));
     EXPECT_FALSE(sheet->savedChar);
@@ -80,7 +81,7 @@ TEST_F(CharacterTypes, EachApplicationMovesTheRequiredRowsToTheEnd) {
     sheet->ChooseCharPopup.SetText("Bound");
     AddQualityRow("Brawny", {});
     sheet->QualityListBox.SetCell(0, 1, "4");
-    sheet->ChooseCharPopup_LostFocus();
+    ChooseCharPopup_LostFocus(*sheet);
     EXPECT_EQ(names(), (Names{"Brawny", "Taint", "Ghost Sight", "Sadicas Touch"}));
     EXPECT_EQ(sheet->QualityListBox.Cell(1, 1), "1");  // the user's change is lost
 }
@@ -90,7 +91,7 @@ TEST_F(CharacterTypes, TheRemovalWalkSkipsTheRowThatMovedUp) {
     AddQualityRow("Taint", {});
     AddQualityRow("taint", {});
     AddQualityRow("Brawny", {});
-    sheet->AddQualityFromCharType("Human", "Survivor");
+    AddQualityFromCharType(*sheet, "Human", "Survivor");
     EXPECT_EQ(names(), (Names{"taint", "Brawny"}));
     EXPECT_EQ(sheet->q_chartype, "Taint");  // the choice requires nothing
 }
@@ -126,7 +127,7 @@ TEST_F(CharacterTypes, ChangesDoNothingWhileACharacterLoads) {
     EXPECT_EQ(sheet->AssociationField.Text(), "");
     EXPECT_TRUE(sheet->savedChar);
     // Leaving the choice is not guarded.
-    sheet->ChooseCharPopup_LostFocus();
+    ChooseCharPopup_LostFocus(*sheet);
     EXPECT_EQ(names(), (Names{"Taint", "Ghost Sight", "Sadicas Touch"}));
 }
 

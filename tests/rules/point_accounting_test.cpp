@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "rules/PointAccounting.h"
 #include "support/SheetFixture.h"
 
 using namespace zeph;
@@ -15,13 +16,13 @@ protected:
 
 TEST_F(PointAccounting, AttributePointsAboveFiveCostThree) {
     SetFields({"5", "", "", "", "", ""});
-    EXPECT_EQ(sheet->SumAttrPts(), "5");
+    EXPECT_EQ(SumAttrPts(*sheet), "5");
     SetFields({"6", "", "", "", "", ""});
-    EXPECT_EQ(sheet->SumAttrPts(), "8");
+    EXPECT_EQ(SumAttrPts(*sheet), "8");
     SetFields({"-2", "abc", "2.5", "1", "1", "7"});
-    EXPECT_EQ(sheet->SumAttrPts(), "13");  // -2 + 0 + 2.5 + 1 + 1 + 7 + 4, cut
+    EXPECT_EQ(SumAttrPts(*sheet), "13");  // -2 + 0 + 2.5 + 1 + 1 + 7 + 4, cut
     sheet->StrengthBonus.SetText("9");
-    EXPECT_EQ(sheet->SumAttrPts(), "13");  // bonus points cost nothing
+    EXPECT_EQ(SumAttrPts(*sheet), "13");  // bonus points cost nothing
 }
 
 TEST_F(PointAccounting, QualityAndDrawbackSumsSplitBySignAndSkipSeparators) {
@@ -30,15 +31,15 @@ TEST_F(PointAccounting, QualityAndDrawbackSumsSplitBySignAndSkipSeparators) {
     AddQualityRow("Clumsy", {{2, "-2"}});
     AddQualityRow("Phobia", {{2, "-1.5"}});
     AddQualityRow("Keen", {{2, "2.5"}});
-    EXPECT_EQ(sheet->SumQualityPoints(), "5");
-    EXPECT_EQ(sheet->SumDrawbackPts(), "-3");
+    EXPECT_EQ(SumQualityPoints(*sheet), "5");
+    EXPECT_EQ(SumDrawbackPts(*sheet), "-3");
     sheet->SkillListBox.AddRow("Myth");
     sheet->SkillListBox.SetCell(0, 2, "4");
     sheet->SkillListBox.AddRow("--");
-    EXPECT_EQ(sheet->SumSkillPts(), "4");
+    EXPECT_EQ(SumSkillPts(*sheet), "4");
     sheet->MetaListBox.AddRow("Ward");
     sheet->MetaListBox.SetCell(0, 2, "-1");
-    EXPECT_EQ(sheet->SumMetaPts(), "-1");
+    EXPECT_EQ(SumMetaPts(*sheet), "-1");
 }
 
 struct AgeCase {
@@ -61,8 +62,8 @@ TEST_P(AgeRules, AdjustSkillAndAttributeBudgets) {
     sheet->CharacterTypePopup.SetText(c.type);
     sheet->AgeField.SetText(c.age);
     if (*c.qualityName) AddQualityRow(c.qualityName, {{1, "1"}});
-    EXPECT_EQ(sheet->CalcSkillPts(), c.skillPoints);
-    EXPECT_EQ(sheet->CalcAgeAttrbPenalty(), c.attributePenalty);
+    EXPECT_EQ(CalcSkillPts(*sheet), c.skillPoints);
+    EXPECT_EQ(CalcAgeAttrbPenalty(*sheet), c.attributePenalty);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -83,18 +84,18 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(PointAccounting, SkillBaseIsAtLeastOneAndTakesTheLargerSocialQuality) {
     sheet->CharacterTypePopup.SetText("Spirit Touched");
-    EXPECT_EQ(sheet->CalcSkillPts(), 1);
+    EXPECT_EQ(CalcSkillPts(*sheet), 1);
     AddQualityRow("Status Quality", {{1, "3"}});
     AddQualityRow("Resources Quality 2", {{1, "5"}});
-    EXPECT_EQ(sheet->CalcSkillPts(), 6);
+    EXPECT_EQ(CalcSkillPts(*sheet), 6);
     AddQualityRow("status quality", {{1, "3"}});
-    EXPECT_EQ(sheet->CalcSkillPts(), 7);  // status 6 now beats resources 5
+    EXPECT_EQ(CalcSkillPts(*sheet), 7);  // status 6 now beats resources 5
 }
 
 TEST_F(PointAccounting, PlacingAFreePointUsesItsOwnPoolOnly) {
     sheet->physicalBonus = 3;
-    sheet->AttributeBonus_MouseDown(Strength);
-    sheet->AttributeBonus_MouseDown(Constitution);
+    AttributeBonus_MouseDown(*sheet, Strength);
+    AttributeBonus_MouseDown(*sheet, Constitution);
     EXPECT_EQ(sheet->StrengthBonus.Text(), "1");
     EXPECT_EQ(sheet->ConstitutionBonus.Text(), "1");
     EXPECT_EQ(sheet->physicalBonus, 1);
@@ -102,7 +103,7 @@ TEST_F(PointAccounting, PlacingAFreePointUsesItsOwnPoolOnly) {
     EXPECT_EQ(sheet->StrengthTotal.Text(), "0");  // the total waits for the recomputation
     EXPECT_TRUE(sheet->savedChar);
 
-    sheet->AttributeBonus_MouseDown(Willpower);
+    AttributeBonus_MouseDown(*sheet, Willpower);
     EXPECT_EQ(sheet->WillpowerBonus.Text(), "0");
     EXPECT_EQ(sheet->mentalBonus, 0);
     EXPECT_EQ(sheet->InfoText.Text(),
@@ -112,7 +113,7 @@ TEST_F(PointAccounting, PlacingAFreePointUsesItsOwnPoolOnly) {
 
 TEST_F(PointAccounting, StatusLineShowsBudgetsOrOnlyTheBooks) {
     sheet->InfoText.SetVisible(false);
-    sheet->ShowBonus();
+    ShowBonus(*sheet);
     EXPECT_EQ(sheet->InfoText.Text(), "Books in use: ZSB");
     EXPECT_TRUE(sheet->InfoText.Visible());
     sheet->AttributeField.SetText("12/20");
@@ -120,11 +121,11 @@ TEST_F(PointAccounting, StatusLineShowsBudgetsOrOnlyTheBooks) {
     sheet->DrawbackField.SetText("-2/10");
     sheet->SkillField.SetText("5/25");
     sheet->MetaField.SetText("0/0");
-    sheet->ShowBonus();
+    ShowBonus(*sheet);
     EXPECT_EQ(sheet->InfoText.Text(),
               "Attr(12/20) Q(3/10) D(-2/10) S(5/25) M(0/0)      |     Books in use: ZSB");
     sheet->mentalBonus = 2;
-    sheet->ShowBonus();
+    ShowBonus(*sheet);
     EXPECT_EQ(sheet->InfoText.Text(),
               "Bonus points are availble. Click the green number next to an attribute you wish to "
               "increase. Mental=2. Physical=0.");

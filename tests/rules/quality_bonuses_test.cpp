@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "rules/QualityBonuses.h"
 #include "support/SheetFixture.h"
 
 using namespace zeph;
@@ -11,7 +12,7 @@ protected:
     std::string poolsOf(std::initializer_list<std::pair<const char*, const char*>> rows) {
         sheet->QualityListBox.DeleteAllRows();
         for (const auto& [marker, level] : rows) AddQualityRow(marker, {{1, level}, {10, marker}});
-        sheet->QualityGetBonus();
+        QualityGetBonus(*sheet);
         return sheet->ExtraStatsField.Text();
     }
 };
@@ -41,12 +42,12 @@ TEST_F(QualityBonuses, AttributeBonusesArePerLevelAndAddToWhatTheItemsHold) {
     sheet->StrengthBonus.SetText("1");
     sheet->m_all_bonuses[Strength] = 1;
     sheet->m_all_bonuses[Perception] = 2;
-    sheet->QualityGetBonus();
+    QualityGetBonus(*sheet);
     EXPECT_EQ(sheet->StrengthBonus.Text(), "4");
     EXPECT_EQ(sheet->WillpowerBonus.Text(), "-2");
     EXPECT_EQ(sheet->PerceptionBonus.Text(), "2");  // level 0 adds nothing of its own
     EXPECT_EQ(sheet->ExtraStatsField.Text(), "");
     // Not idempotent: the items are reset by the recomputation before each call.
-    sheet->QualityGetBonus();
+    QualityGetBonus(*sheet);
     EXPECT_EQ(sheet->StrengthBonus.Text(), "7");
 }

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "rules/PointAccounting.h"
+#include "rules/SecondaryAttributes.h"
 #include "support/SheetFixture.h"
 
 using namespace zeph;
@@ -12,7 +14,7 @@ protected:
     void Choose(const std::string& type, const std::string& choice) {
         sheet->CharacterTypePopup.SetText(type);
         sheet->ChooseCharPopup.SetText(choice);
-        sheet->FigureSecondaryAttributes();
+        FigureSecondaryAttributes(*sheet);
     }
     std::string text(const TextItem& item) { return item.Text(); }
 };
@@ -20,7 +22,7 @@ protected:
 TEST_F(Recomputation, WithNoTypeTheTotalsAreTheFieldsAndTheBudgetsStayEmpty) {
     SetFields({"2", "3", "4", "2", "2", "2"});
     sheet->attrBonus[Strength] = 1;
-    sheet->FigureSecondaryAttributes();
+    FigureSecondaryAttributes(*sheet);
     EXPECT_EQ(text(sheet->StrengthBonus), "1");
     EXPECT_EQ(text(sheet->StrengthTotal), "3");
     EXPECT_EQ(text(sheet->DexterityTotal), "3");
@@ -52,16 +54,16 @@ TEST_F(Recomputation, FormulasAndBudgetsOfTheChoice) {
 
 TEST_F(Recomputation, PartlyPlacedFreePointsGoBackToThePoolWhollyPlacedOnesStay) {
     Choose("Human", "Survivor");
-    sheet->AttributeBonus_MouseDown(Strength);
-    sheet->AttributeBonus_MouseDown(Strength);
-    sheet->FigureSecondaryAttributes();
+    AttributeBonus_MouseDown(*sheet, Strength);
+    AttributeBonus_MouseDown(*sheet, Strength);
+    FigureSecondaryAttributes(*sheet);
     EXPECT_EQ(sheet->physicalBonus, 3);
     EXPECT_EQ(text(sheet->StrengthBonus), "0");
 
-    for (int i = 0; i < 3; ++i) sheet->AttributeBonus_MouseDown(Strength);
-    sheet->AttributeBonus_MouseDown(Willpower);
-    sheet->AttributeBonus_MouseDown(Perception);
-    sheet->FigureSecondaryAttributes();
+    for (int i = 0; i < 3; ++i) AttributeBonus_MouseDown(*sheet, Strength);
+    AttributeBonus_MouseDown(*sheet, Willpower);
+    AttributeBonus_MouseDown(*sheet, Perception);
+    FigureSecondaryAttributes(*sheet);
     EXPECT_EQ(sheet->physicalBonus, 0);
     EXPECT_EQ(text(sheet->StrengthBonus), "3");
     EXPECT_EQ(text(sheet->StrengthTotal), "3");
@@ -70,13 +72,13 @@ TEST_F(Recomputation, PartlyPlacedFreePointsGoBackToThePoolWhollyPlacedOnesStay)
 
 TEST_F(Recomputation, AQualityBonusSendsPlacedPointsBackAtEveryRun) {
     Choose("Human", "Survivor");
-    for (int i = 0; i < 3; ++i) sheet->AttributeBonus_MouseDown(Dexterity);
+    for (int i = 0; i < 3; ++i) AttributeBonus_MouseDown(*sheet, Dexterity);
     AddQualityRow("Brawny", {{1, "1"}, {11, "1"}});
-    sheet->FigureSecondaryAttributes();
+    FigureSecondaryAttributes(*sheet);
     EXPECT_EQ(sheet->physicalBonus, 3);
     EXPECT_EQ(text(sheet->DexterityBonus), "0");
     EXPECT_EQ(text(sheet->StrengthBonus), "1");
-    sheet->FigureSecondaryAttributes();
+    FigureSecondaryAttributes(*sheet);
     EXPECT_EQ(text(sheet->StrengthBonus), "1");  // does not grow run by run
 }
 
@@ -116,11 +118,11 @@ TEST_F(Recomputation, DramaPointsFollowTheRecordUntilTheCharacterIsInPlay) {
              &sheet->EssenceTotal})
         EXPECT_FALSE(hidden->Visible()) << hidden->Name();
     sheet->DPField.SetText("15");
-    sheet->FigureSecondaryAttributes();
+    FigureSecondaryAttributes(*sheet);
     EXPECT_EQ(text(sheet->DPField), "20");
     sheet->CharacterInPlayBox.SetValue(true);
     sheet->DPField.SetText("15");
-    sheet->FigureSecondaryAttributes();
+    FigureSecondaryAttributes(*sheet);
     EXPECT_EQ(text(sheet->DPField), "15");
 
     Choose("Human", "Survivor");
@@ -134,14 +136,14 @@ TEST_F(Recomputation, MentalAndPhysicalTakeTheirMultiplierFromTheMetaColumn) {
     Choose("Human", "Survivor");
     EXPECT_EQ(text(sheet->SkillField), "0/25");  // no meta multiplier: adds nothing
     sheet->QualityListBox.SetCell(0, 19, "Strength&&3");
-    sheet->FigureSecondaryAttributes();
+    FigureSecondaryAttributes(*sheet);
     EXPECT_EQ(text(sheet->SkillField), "0/37");  // 3 * highest mental 4
     EXPECT_EQ(text(sheet->MetaField), "0/11");   // 5 + 3 * Strength 2
     sheet->QualityListBox.SetCell(0, 17, "Perception&&2");
-    sheet->FigureSecondaryAttributes();
+    FigureSecondaryAttributes(*sheet);
     EXPECT_EQ(text(sheet->SkillField), "0/33");  // a plain word reads its own multiplier
     sheet->QualityListBox.SetCell(0, 17, "5");
-    sheet->FigureSecondaryAttributes();
+    FigureSecondaryAttributes(*sheet);
     EXPECT_EQ(text(sheet->SkillField), "0/25");  // a plain number adds nothing
 }
 
@@ -152,7 +154,7 @@ TEST_F(Recomputation, FractionsAreCutRowByRow) {
     EXPECT_EQ(text(sheet->EssenceBonus), "0");
     sheet->QualityListBox.RemoveRow(1);
     sheet->QualityListBox.SetCell(0, 1, "3");
-    sheet->FigureSecondaryAttributes();
+    FigureSecondaryAttributes(*sheet);
     EXPECT_EQ(text(sheet->EssenceBonus), "1");
 }
 
@@ -174,7 +176,7 @@ TEST_F(Recomputation, TheTaintPoolJoinsTheSummary) {
     EXPECT_EQ(text(sheet->ExtraStatsField), "Taint Pool: 10");
     AddQualityRow("Essence Channeling", {{1, "1"}, {10, "Essence Channeling"}});
     sheet->m_all_bonuses[12] = 3;
-    sheet->FigureSecondaryAttributes();
+    FigureSecondaryAttributes(*sheet);
     EXPECT_EQ(text(sheet->ExtraStatsField), "Essence Channeling: 1, Taint Pool: 13");
 }
 
@@ -182,7 +184,7 @@ TEST_F(Recomputation, AnXmlFailureShowsTheReportAndStops) {
     SetFields({"3", "", "", "", "", ""});
     sheet->CharacterTypePopup.SetText("Devil's Own");
     platform = ScriptedPlatform("/p", "/a", "/tmp");
-    sheet->FigureSecondaryAttributes();
+    FigureSecondaryAttributes(*sheet);
     ASSERT_EQ(platform.Messages().size(), 1u);
     EXPECT_NE(platform.Messages()[0].find("\n At node: //charactertype/type[@value='Devil's Own']"),
               std::string::npos)

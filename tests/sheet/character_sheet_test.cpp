@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "sheet/Operations.h"
-#include "sheet/TextHelpers.h"
+#include "rules/SheetOperations.h"
+#include "text/TextHelpers.h"
 #include "support/SheetFixture.h"
 
 using namespace zeph;

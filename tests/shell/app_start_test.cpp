@@ -20,6 +20,7 @@
 
 #include "platform/ScriptedPlatform.h"
 #include "ruledata/DataModule.h"
+#include "rules/SheetOperations.h"
 #include "sheet/CharacterSheet.h"
 #include "shell/App.h"
 #include "shell/gui/CharWindow.h"
@@ -37,7 +38,7 @@ class AppStart : public ::testing::Test {
         previousHandler_ = SetUnhandledFailureHandler(
             [this](const std::string& message) { failures_.push_back(message); });
         ASSERT_TRUE(app_.LoadDataFile(ZEPHALON_SOURCE_DIR "/data/rules/sample.xml"));
-        window_ = std::make_unique<CharWindow>(std::make_unique<CharacterSheet>(data_, platform_));
+        window_ = std::make_unique<CharWindow>(std::make_unique<CharacterSheet>(data_, platform_, SheetOperations()));
     }
 
     void TearDown() override {

@@ -8,6 +8,7 @@
 
 #include "platform/ScriptedPlatform.h"
 #include "ruledata/DataModule.h"
+#include "rules/SheetOperations.h"
 #include "sheet/CharacterSheet.h"
 
 namespace zeph::testing {
@@ -21,16 +22,16 @@ protected:
     // Makes the sheet over the rule data text (a whole document).
     void UseRules(const std::string& xml) {
         data.xdata = RuleData::LoadText(xml);
-        sheet = std::make_unique<CharacterSheet>(data, platform);
+        sheet = std::make_unique<CharacterSheet>(data, platform, SheetOperations());
     }
     // The small rule data of the rules tests, in tests/data.
     void UseSmallRules() {
         data.xdata = RuleData::LoadFile(std::string(ZEPHALON_SOURCE_DIR) + "/tests/data/small_rules.xml");
-        sheet = std::make_unique<CharacterSheet>(data, platform);
+        sheet = std::make_unique<CharacterSheet>(data, platform, SheetOperations());
     }
     void UseSample() {
         data.xdata = RuleData::LoadFile(SamplePath());
-        sheet = std::make_unique<CharacterSheet>(data, platform);
+        sheet = std::make_unique<CharacterSheet>(data, platform, SheetOperations());
     }
     // Appends a row of QualityListBox with the given cells (column, text).
     int AddQualityRow(const std::string& name,

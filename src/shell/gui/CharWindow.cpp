@@ -11,7 +11,7 @@
 #include <QVBoxLayout>
 
 #include "sheet/CharacterSheet.h"
-#include "sheet/Operations.h"
+#include "rules/SheetOperations.h"
 #include "shell/gui/CoreCall.h"
 #include "shell/gui/ItemBinding.h"
 

@@ -16,7 +16,7 @@
 #include <utility>
 
 #include "sheet/CharacterSheet.h"
-#include "sheet/Operations.h"
+#include "rules/SheetOperations.h"
 
 namespace zeph::gui {
 namespace {

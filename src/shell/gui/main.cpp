@@ -5,6 +5,7 @@
 
 #include "platform/qt/QtPlatform.h"
 #include "ruledata/DataModule.h"
+#include "rules/SheetOperations.h"
 #include "sheet/CharacterSheet.h"
 #include "shell/App.h"
 #include "shell/gui/CharWindow.h"
@@ -33,7 +34,7 @@ int main(int argc, char* argv[]) {
     std::unique_ptr<zeph::gui::CharWindow> window;
     zeph::gui::CallCore([&] {
         window = std::make_unique<zeph::gui::CharWindow>(
-            std::make_unique<zeph::CharacterSheet>(data, platform));
+            std::make_unique<zeph::CharacterSheet>(data, platform, zeph::SheetOperations()));
     });
     // Without a character window there is nothing on screen to work in.
     if (!window) return 1;

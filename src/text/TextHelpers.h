@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zeph {
 
@@ -37,6 +38,10 @@ double Max(double a, double b);
 
 // Equality without regard to case, as every comparison of names in the rules.
 bool EqualsNoCase(std::string_view a, std::string_view b);
-std::string Lowercase(std::string_view s);
+
+// Joins fields with a separator, and splits a text at a one-character separator (an empty text
+// has no fields), as the arrays of the sheet are written in one text.
+std::string JoinFields(const std::vector<std::string>& fields, const std::string& separator);
+std::vector<std::string> SplitFields(const std::string& text, char separator);
 
 }  // namespace zeph

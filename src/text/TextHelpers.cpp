@@ -1,4 +1,4 @@
-#include "sheet/TextHelpers.h"
+#include "text/TextHelpers.h"
 
 #include <charconv>
 #include <cmath>
@@ -160,10 +160,29 @@ bool EqualsNoCase(std::string_view a, std::string_view b) {
     return true;
 }
 
-std::string Lowercase(std::string_view s) {
-    std::string lower(s);
-    for (char& c : lower) c = foldCase(c);
-    return lower;
+std::string JoinFields(const std::vector<std::string>& fields, const std::string& separator) {
+    std::string joined;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        if (i > 0) joined += separator;
+        joined += fields[i];
+    }
+    return joined;
+}
+
+std::vector<std::string> SplitFields(const std::string& text, char separator) {
+    std::vector<std::string> fields;
+    if (text.empty()) return fields;
+    std::string current;
+    for (char c : text) {
+        if (c == separator) {
+            fields.push_back(current);
+            current.clear();
+        } else {
+            current += c;
+        }
+    }
+    fields.push_back(current);
+    return fields;
 }
 
 }  // namespace zeph

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "sheet/TextHelpers.h"
+#include "text/TextHelpers.h"
 
 using namespace zeph;
 

@@ -1,0 +1,23 @@
+#include "rules/SheetOperations.h"
+
+#include "rules/CharacterTypes.h"
+#include "rules/PointAccounting.h"
+#include "rules/QualityBonuses.h"
+#include "rules/SecondaryAttributes.h"
+
+namespace zeph {
+
+const OperationTable& SheetOperations() {
+    static const OperationTable table = [] {
+        OperationTable t;
+        AddSheetOperations(t);
+        AddCharacterTypeOperations(t);
+        AddPointAccountingOperations(t);
+        AddSecondaryAttributeOperations(t);
+        AddQualityBonusOperations(t);
+        return t;
+    }();
+    return table;
+}
+
+}  // namespace zeph
