@@ -61,6 +61,7 @@ int ScriptRunner::Run(std::istream& script) {
             err_ << "line " << lineNumber_ << ": " << error.message << "\n";
             return 2;
         } catch (const QuitRequest&) {
+            failUnreachedExpectations(script);
             break;
         } catch (const std::exception& failure) {
             // What no operation handles ends the program, as in the app, after one message.
@@ -70,6 +71,19 @@ int ScriptRunner::Run(std::istream& script) {
         }
     }
     return expectationFailed_ ? 1 : 0;
+}
+
+void ScriptRunner::failUnreachedExpectations(std::istream& script) {
+    // Nothing runs after a quit, but a script must not pass by stopping early.
+    const int quitLine = lineNumber_;
+    std::string line;
+    while (std::getline(script, line)) {
+        ++lineNumber_;
+        if (firstWord(line).first != "expect") continue;
+        expectationFailed_ = true;
+        out_ << "line " << lineNumber_ << ": not reached: the program quit at line " << quitLine
+             << "\n";
+    }
 }
 
 Item& ScriptRunner::item(const std::string& name) {
@@ -155,7 +169,9 @@ void ScriptRunner::doOperation(const std::string& name, const std::string& argum
     }
     if (name == "App.LoadData") return app_.LoadData();
     if (name == "App.GetDataFile") {
-        out_ << name << " = " << EscapeLineEnds(app_.GetDataFile()) << "\n";
+        // Its messages and dialogs print as it runs, so the value line comes after them.
+        const std::string path = app_.GetDataFile();
+        out_ << name << " = " << EscapeLineEnds(path) << "\n";
         return;
     }
     if (name == "DataModule.SaveDataFilePreferences")

@@ -25,6 +25,7 @@ private:
         std::string message;
     };
     void runLine(const std::string& line);
+    void failUnreachedExpectations(std::istream& script);
     void doOperation(const std::string& name, const std::string& argument);
     // The lines `print NAME` shows, as (name, value) pairs.
     std::vector<std::pair<std::string, std::string>> values(const std::string& name);

@@ -5,6 +5,8 @@
 #include <libxml/xpath.h>
 #include <libxml/xpathInternals.h>
 
+#include <filesystem>
+
 #include "ruledata/QueryIndex.h"
 
 namespace zeph {
@@ -67,6 +69,10 @@ RuleData::RuleData(xmlDoc* doc) : doc_(doc) {}
 RuleData::~RuleData() = default;
 
 std::unique_ptr<RuleData> RuleData::LoadFile(const std::string& path) {
+    // libxml2 would report a folder as a failed read of its compression layer.
+    std::error_code error;
+    if (std::filesystem::is_directory(path, error))
+        throw XmlError(kFolderNotFileMessage, path, 0);
     ErrorCatcher catcher;
     xmlDoc* doc = xmlReadFile(path.c_str(), nullptr, kParseOptions);
     if (doc == nullptr) catcher.raise("The file could not be read as XML", path);

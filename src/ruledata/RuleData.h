@@ -28,7 +28,10 @@ public:
     RuleData(const RuleData&) = delete;
     RuleData& operator=(const RuleData&) = delete;
 
-    // Parse a file or a text; throws XmlError when it is not well-formed XML.
+    // What a folder given as the file is told.
+    static constexpr const char* kFolderNotFileMessage =
+        "This is a folder, not a file. Please choose an XML data file.";
+    // Parse a file or a text; throws XmlError when it is a folder or not well-formed XML.
     static std::unique_ptr<RuleData> LoadFile(const std::string& path);
     static std::unique_ptr<RuleData> LoadText(std::string_view xml);
 

@@ -119,9 +119,9 @@ void FigureSecondaryAttributes(CharacterSheet& s) {
             if (physicalSum != physicalExpected || mentalSum != mentalExpected) {
                 for (int a = 0; a < kAttributeCount; ++a)
                     s.AttributeOf(a).bonus.SetText(Str(Val(points->Attribute(kAttributeKeys[a]))));
-                s.mentalBonus = Whole(Val(points->Attribute("mentalattr"))) + s.m_all_bonuses[6];
-                s.physicalBonus =
-                    Whole(Val(points->Attribute("physicalattr"))) + s.m_all_bonuses[7];
+                // The sum is cut, not its first term: "-0.5" with a pool bonus of 2 leaves 1.
+                s.mentalBonus = Whole(Val(points->Attribute("mentalattr")) + m(6));
+                s.physicalBonus = Whole(Val(points->Attribute("physicalattr")) + m(7));
             }
             for (int a = 0; a < kAttributeCount; ++a)
                 s.attrBonus[static_cast<std::size_t>(a)] = Whole(s.AttributeOf(a).bonus.Text());

@@ -82,15 +82,40 @@ TEST(ScriptRunner, ScriptErrorsStopWithStatusTwoAndTheirLine) {
 }
 
 TEST(ScriptRunner, MessagesAndDialogsArePrintedAndAnswered) {
-    Outcome o = run(kSample + "set CharacterTypePopup Devil's\nanswer cancel\ndo App.LoadData\nprint AgeField\n");
+    Outcome o = run(kSample + "set CharacterTypePopup Devil's\nanswer Cancel\ndo App.LoadData\n");
     EXPECT_EQ(o.status, 0) << o.err;
-    EXPECT_NE(o.out.find("message: "), std::string::npos);
     EXPECT_NE(o.out.find("\\n At node: //charactertype/type[@value='Devil's']/name on: "),
               std::string::npos)
         << o.out;
     EXPECT_NE(o.out.find("message: Please select a data file to use."), std::string::npos);
-    EXPECT_NE(o.out.find("dialog: open text/xml -> cancel\nquit: 0\n"), std::string::npos);
-    EXPECT_EQ(o.out.find("AgeField = "), std::string::npos);  // the quit ended the script
+    EXPECT_NE(o.out.find("dialog: open text/xml -> Cancel\nquit: 0\n"), std::string::npos);
+}
+
+TEST(ScriptRunner, ExpectationsAfterAQuitFail) {
+    Outcome o = run("answer cancel\ndo App.LoadData\nprint AgeField\nexpect AgeField 21\n");
+    EXPECT_EQ(o.status, 1);
+    EXPECT_EQ(o.out.find("AgeField = "), std::string::npos);  // nothing runs after the quit
+    EXPECT_NE(o.out.find("line 4: not reached: the program quit at line 2\n"), std::string::npos)
+        << o.out;
+}
+
+TEST(ScriptRunner, GetDataFilePrintsItsMessagesBeforeItsValue) {
+    Outcome o = run("answer /x/rules.xml\ndo App.GetDataFile\n");
+    EXPECT_NE(o.out.find("dialog: open text/xml -> /x/rules.xml\nApp.GetDataFile = /x/rules.xml\n"),
+              std::string::npos)
+        << o.out;
+}
+
+TEST(ScriptRunner, CrlfLineEndsAndUnselectingAListRow) {
+    Outcome o = run(kSample +
+                    "choose CharacterTypePopup Spirit Touched\r\n"
+                    "choose ChooseCharPopup Moonbound\r\n"
+                    "select QualityListBox 1\r\n"
+                    "expect QualityListBox.ListIndex 1\r\n"
+                    "select QualityListBox -1\r\n"
+                    "expect QualityListBox.ListIndex -1\r\n");
+    EXPECT_EQ(o.status, 0) << o.out << o.err;
+    EXPECT_EQ(run("select QualityListBox -2\n").status, 2);
 }
 
 TEST(ScriptRunner, OperationsWithAResultPrintIt) {

@@ -82,13 +82,26 @@ TEST(RuleDataQuery, AnApostropheInASingleQuotedKeyFailsWithTheReport) {
     EXPECT_TRUE(rules->Query("//qualities/*/name[@value=\"Devil's Luck\"]").Empty());
 }
 
-TEST(RuleDataLoad, ANonXmlTextFailsWithItsLine) {
+TEST(RuleDataLoad, ANonXmlTextFailsWithTheReportOfItsLine) {
     try {
         RuleData::LoadText("<zephalondata>\n<open>\n</zephalondata>");
         FAIL() << "no failure";
     } catch (const XmlError& failure) {
-        EXPECT_EQ(failure.line(), 3);
-        EXPECT_NE(failure.message().find("mismatch"), std::string::npos) << failure.message();
+        EXPECT_EQ(FormatXmlFailure(failure),
+                  "Opening and ending tag mismatch: open line 2 and zephalondata\n"
+                  " At node: open on: 3");
+    }
+}
+
+TEST(RuleDataLoad, AFolderIsToldToBeAFolder) {
+    const std::string folder = ::testing::TempDir();
+    try {
+        RuleData::LoadFile(folder);
+        FAIL() << "no failure";
+    } catch (const XmlError& failure) {
+        EXPECT_EQ(FormatXmlFailure(failure),
+                  "This is a folder, not a file. Please choose an XML data file.\n At node: " +
+                      folder + " on: 0");
     }
 }
 

@@ -91,6 +91,7 @@ TEST_F(CharacterTypes, TheRemovalWalkSkipsTheRowThatMovedUp) {
     AddQualityRow("Taint", {});
     AddQualityRow("taint", {});
     AddQualityRow("Brawny", {});
+    AddQualityRow("TAINT", {});
     AddQualityFromCharType(*sheet, "Human", "Survivor");
     EXPECT_EQ(names(), (Names{"taint", "Brawny"}));
     EXPECT_EQ(sheet->q_chartype, "Taint");  // the choice requires nothing

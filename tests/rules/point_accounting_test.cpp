@@ -72,6 +72,7 @@ INSTANTIATE_TEST_SUITE_P(
                       AgeCase{"Age40", "Gifted", "40", "", 14, -2},
                       AgeCase{"Age50", "Mundane", "50", "", 19, -4},
                       AgeCase{"Age17", "Gifted", "17", "", 4, 0},
+                      AgeCase{"Age18IsNoLongerYoung", "Gifted", "18", "", 9, 0},
                       AgeCase{"Age30Half", "Gifted", "30.5", "", 9, 0},
                       AgeCase{"HumanGetsSkillsButNoPenalty", "Human", "40", "", 14, 0},
                       AgeCase{"TypeCaseIgnored", "mundane", "40", "", 14, -2},

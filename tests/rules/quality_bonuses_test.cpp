@@ -24,6 +24,7 @@ TEST_F(QualityBonuses, PoolSummaryReadsAsTheSheetAlwaysHas) {
     EXPECT_EQ(poolsOf({{"Essence Channeling", "1"}, {"Essence Channeling", "2"}}),
               "Essence Channeling: 3");
     EXPECT_EQ(poolsOf({{"Taint", "2"}, {"Taint Channeling", "1"}}), "Taint Channeling: 3");
+    EXPECT_EQ(poolsOf({{"taint", "2"}}), "Taint Channeling: 2");
     EXPECT_EQ(poolsOf({{"Essence Channeling", "1"}, {"Taint Channeling", "2"}}),
               "Essence Channeling: 1, Taint Channeling: 2");
     EXPECT_EQ(poolsOf({{"Spirit Channeling", "4"}}), "");
@@ -32,7 +33,7 @@ TEST_F(QualityBonuses, PoolSummaryReadsAsTheSheetAlwaysHas) {
 
 TEST_F(QualityBonuses, AdeptAddsTheLastIntelligenceTotalWhateverItsLevel) {
     sheet->IntelligenceTotal.SetText("4");
-    EXPECT_EQ(poolsOf({{"Adept", "0"}}), "Sadicas: 4, Maximum Sadicas Pool: 120");
+    EXPECT_EQ(poolsOf({{"ADEPT", "0"}}), "Sadicas: 4, Maximum Sadicas Pool: 120");
 }
 
 TEST_F(QualityBonuses, AttributeBonusesArePerLevelAndAddToWhatTheItemsHold) {

@@ -70,6 +70,14 @@ TEST_F(Recomputation, PartlyPlacedFreePointsGoBackToThePoolWhollyPlacedOnesStay)
     EXPECT_EQ(sheet->attrBonus[Strength], 3);
 }
 
+TEST_F(Recomputation, TheRefilledPoolIsTheWholeNumberOfTheSum) {
+    sheet->m_all_bonuses[6] = 2;
+    sheet->m_all_bonuses[7] = -2;
+    Choose("Gifted", "Lone");
+    EXPECT_EQ(sheet->mentalBonus, 1);     // -0.5 + 2, cut
+    EXPECT_EQ(sheet->physicalBonus, 0);   // 1.5 - 2, cut towards zero
+}
+
 TEST_F(Recomputation, AQualityBonusSendsPlacedPointsBackAtEveryRun) {
     Choose("Human", "Survivor");
     for (int i = 0; i < 3; ++i) AttributeBonus_MouseDown(*sheet, Dexterity);
