@@ -71,9 +71,8 @@ TEST_F(CharacterTypes, AChoiceAddsItsRequiredQualitiesAsIfRecordedAtLevelOne) {
     EXPECT_EQ(sheet->QualityListBox.Cell(1, 17), "Perception&&1");
     EXPECT_EQ(sheet->QualityListBox.Cell(2, 10), "Sadicas Touch");
     // The recomputation ran: the Taint row's strength bonus and life points are in.
-    EXPECT_EQ(sheet->StrengthBonus.Text(), "1");
-    EXPECT_EQ(sheet->LifePointsBonus.Text(), "5");
-    EXPECT_EQ(sheet->ExtraStatsField.Text(), "Taint Channeling: 1, Taint Channeling: 1, Taint Pool: 5");
+    ExpectTexts("StrengthBonus=1|LifePointsBonus=5|"
+                "ExtraStatsField=Taint Channeling: 1, Taint Channeling: 1, Taint Pool: 5");
 }
 
 TEST_F(CharacterTypes, EachApplicationMovesTheRequiredRowsToTheEnd) {

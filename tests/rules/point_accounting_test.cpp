@@ -97,8 +97,7 @@ TEST_F(PointAccounting, PlacingAFreePointUsesItsOwnPoolOnly) {
     sheet->physicalBonus = 3;
     AttributeBonus_MouseDown(*sheet, Strength);
     AttributeBonus_MouseDown(*sheet, Constitution);
-    EXPECT_EQ(sheet->StrengthBonus.Text(), "1");
-    EXPECT_EQ(sheet->ConstitutionBonus.Text(), "1");
+    ExpectTexts("StrengthBonus=1|ConstitutionBonus=1");
     EXPECT_EQ(sheet->physicalBonus, 1);
     EXPECT_EQ(sheet->attrBonus[Strength], 1);
     EXPECT_EQ(sheet->StrengthTotal.Text(), "0");  // the total waits for the recomputation

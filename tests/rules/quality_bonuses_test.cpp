@@ -44,10 +44,8 @@ TEST_F(QualityBonuses, AttributeBonusesArePerLevelAndAddToWhatTheItemsHold) {
     sheet->m_all_bonuses[Strength] = 1;
     sheet->m_all_bonuses[Perception] = 2;
     QualityGetBonus(*sheet);
-    EXPECT_EQ(sheet->StrengthBonus.Text(), "4");
-    EXPECT_EQ(sheet->WillpowerBonus.Text(), "-2");
-    EXPECT_EQ(sheet->PerceptionBonus.Text(), "2");  // level 0 adds nothing of its own
-    EXPECT_EQ(sheet->ExtraStatsField.Text(), "");
+    ExpectTexts("StrengthBonus=4|WillpowerBonus=-2|PerceptionBonus=2|"  // level 0 adds nothing of its own
+                "ExtraStatsField=");
     // Not idempotent: the items are reset by the recomputation before each call.
     QualityGetBonus(*sheet);
     EXPECT_EQ(sheet->StrengthBonus.Text(), "7");

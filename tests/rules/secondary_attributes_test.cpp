@@ -23,15 +23,8 @@ TEST_F(Recomputation, WithNoTypeTheTotalsAreTheFieldsAndTheBudgetsStayEmpty) {
     SetFields({"2", "3", "4", "2", "2", "2"});
     sheet->attrBonus[Strength] = 1;
     FigureSecondaryAttributes(*sheet);
-    EXPECT_EQ(text(sheet->StrengthBonus), "1");
-    EXPECT_EQ(text(sheet->StrengthTotal), "3");
-    EXPECT_EQ(text(sheet->DexterityTotal), "3");
-    EXPECT_EQ(text(sheet->LifePointsTotal), "0");
-    EXPECT_EQ(text(sheet->EnduranceTotal), "0");
-    EXPECT_EQ(text(sheet->SpeedTotal), "14");
-    EXPECT_EQ(text(sheet->EssenceTotal), "16");
-    EXPECT_EQ(text(sheet->AttributeField), "");
-    EXPECT_EQ(text(sheet->SkillField), "");
+    ExpectTexts("StrengthBonus=1|StrengthTotal=3|DexterityTotal=3|LifePointsTotal=0|"
+                "EnduranceTotal=0|SpeedTotal=14|EssenceTotal=16|AttributeField=|SkillField=");
     EXPECT_TRUE(sheet->EnduranceTotal.Visible());
     EXPECT_FALSE(sheet->DPField.Visible());
 }
@@ -39,14 +32,8 @@ TEST_F(Recomputation, WithNoTypeTheTotalsAreTheFieldsAndTheBudgetsStayEmpty) {
 TEST_F(Recomputation, FormulasAndBudgetsOfTheChoice) {
     SetFields({"3", "4", "3", "2", "3", "6"});
     Choose("Human", "Survivor");
-    EXPECT_EQ(text(sheet->LifePointsTotal), "34");
-    EXPECT_EQ(text(sheet->EnduranceTotal), "41");
-    EXPECT_EQ(text(sheet->SpeedTotal), "14");
-    EXPECT_EQ(text(sheet->EssenceTotal), "21");
-    EXPECT_EQ(text(sheet->AttributeField), "23/20");
-    EXPECT_EQ(text(sheet->SkillField), "0/25");
-    EXPECT_EQ(text(sheet->MetaField), "0/5");
-    EXPECT_EQ(text(sheet->LPText), "Life Points:");
+    ExpectTexts("LifePointsTotal=34|EnduranceTotal=41|SpeedTotal=14|EssenceTotal=21|"
+                "AttributeField=23/20|SkillField=0/25|MetaField=0/5|LPText=Life Points:");
     EXPECT_EQ(sheet->physicalBonus, 3);
     EXPECT_EQ(sheet->mentalBonus, 2);
     EXPECT_FALSE(sheet->savedChar);
@@ -65,8 +52,7 @@ TEST_F(Recomputation, PartlyPlacedFreePointsGoBackToThePoolWhollyPlacedOnesStay)
     AttributeBonus_MouseDown(*sheet, Perception);
     FigureSecondaryAttributes(*sheet);
     EXPECT_EQ(sheet->physicalBonus, 0);
-    EXPECT_EQ(text(sheet->StrengthBonus), "3");
-    EXPECT_EQ(text(sheet->StrengthTotal), "3");
+    ExpectTexts("StrengthBonus=3|StrengthTotal=3");
     EXPECT_EQ(sheet->attrBonus[Strength], 3);
 }
 
@@ -84,8 +70,7 @@ TEST_F(Recomputation, AQualityBonusSendsPlacedPointsBackAtEveryRun) {
     AddQualityRow("Brawny", {{1, "1"}, {11, "1"}});
     FigureSecondaryAttributes(*sheet);
     EXPECT_EQ(sheet->physicalBonus, 3);
-    EXPECT_EQ(text(sheet->DexterityBonus), "0");
-    EXPECT_EQ(text(sheet->StrengthBonus), "1");
+    ExpectTexts("DexterityBonus=0|StrengthBonus=1");
     FigureSecondaryAttributes(*sheet);
     EXPECT_EQ(text(sheet->StrengthBonus), "1");  // does not grow run by run
 }
@@ -93,12 +78,9 @@ TEST_F(Recomputation, AQualityBonusSendsPlacedPointsBackAtEveryRun) {
 TEST_F(Recomputation, SpeedDividesOnlyWithASlash) {
     SetFields({"", "4", "3", "", "", ""});
     Choose("Human", "Fast");
-    EXPECT_EQ(text(sheet->SpeedBonus), "2");
-    EXPECT_EQ(text(sheet->SpeedTotal), "16");
-    EXPECT_EQ(text(sheet->EssenceBonus), "3");
+    ExpectTexts("SpeedBonus=2|SpeedTotal=16|EssenceBonus=3");
     Choose("Human", "Slow");
-    EXPECT_EQ(text(sheet->SpeedBonus), "0");
-    EXPECT_EQ(text(sheet->SpeedTotal), "7");
+    ExpectTexts("SpeedBonus=0|SpeedTotal=7");
     SetFields({"", "2", "3", "", "", ""});
     Choose("Human", "Slower");
     EXPECT_EQ(text(sheet->SpeedTotal), "3");  // 10 / 4 rounds up from 2.5
@@ -108,11 +90,8 @@ TEST_F(Recomputation, VitalEssenceFormsEssenceBeforeTheBonusGoesIn) {
     SetFields({"2", "2", "2", "2", "2", "2"});
     AddQualityRow("Inner Well", {{1, "1"}, {22, "3"}});
     Choose("Gifted", "Vital");
-    EXPECT_EQ(text(sheet->LPText), "Vital Ess.:");
-    EXPECT_EQ(text(sheet->WillpowerTotal), "3");
-    EXPECT_EQ(text(sheet->EssenceBonus), "3");
-    EXPECT_EQ(text(sheet->EssenceTotal), "49");    // (13 + 10) * 2 + 3
-    EXPECT_EQ(text(sheet->LifePointsTotal), "26");  // 13 + 10 + 3
+    ExpectTexts("LPText=Vital Ess.:|WillpowerTotal=3|EssenceBonus=3|EssenceTotal=49|"  // (13 + 10) * 2 + 3
+                "LifePointsTotal=26");  // 13 + 10 + 3
 }
 
 TEST_F(Recomputation, DramaPointsFollowTheRecordUntilTheCharacterIsInPlay) {
@@ -145,8 +124,8 @@ TEST_F(Recomputation, MentalAndPhysicalTakeTheirMultiplierFromTheMetaColumn) {
     EXPECT_EQ(text(sheet->SkillField), "0/25");  // no meta multiplier: adds nothing
     sheet->QualityListBox.SetCell(0, 19, "Strength&&3");
     FigureSecondaryAttributes(*sheet);
-    EXPECT_EQ(text(sheet->SkillField), "0/37");  // 3 * highest mental 4
-    EXPECT_EQ(text(sheet->MetaField), "0/11");   // 5 + 3 * Strength 2
+    ExpectTexts("SkillField=0/37|"  // 3 * highest mental 4
+                "MetaField=0/11");  // 5 + 3 * Strength 2
     sheet->QualityListBox.SetCell(0, 17, "Perception&&2");
     FigureSecondaryAttributes(*sheet);
     EXPECT_EQ(text(sheet->SkillField), "0/33");  // a plain word reads its own multiplier

@@ -6,8 +6,6 @@ choose CharacterTypePopup Human
 choose ChooseCharPopup Hero
 expect physicalBonus 3
 expect mentalBonus 2
-expect ConstitutionBonus 1
-expect WillpowerBonus 1
 expect InfoText Bonus points are availble. Click the green number next to an attribute you wish to increase. Mental=2. Physical=3.
 do StrengthBonus_MouseDown
 do StrengthBonus_MouseDown
@@ -45,9 +43,6 @@ expect SkillField 0/30
 expect MetaField 0/0
 expect DPField 20
 expect DPField.visible true
-expect DPText.visible true
-expect EnduranceTotal.visible false
-expect SpeedTotal.visible false
 expect EssenceTotal.visible false
 expect InfoText Attr(16/25) Q(0/20) D(0/10) S(0/30) M(0/0)      |     Books in use: ZSB ZMC WC
 expect savedChar false
@@ -60,18 +55,13 @@ expect QualityListBox[0] Essence Channeling|1|2||Draws on inner essence to fuel 
 expect ExtraStatsField Essence Channeling: 1
 expect physicalBonus 0
 expect mentalBonus 2
-expect StrengthBonus 0
-expect IntelligenceBonus 1
 expect StrengthTotal 3
 expect WillpowerTotal 4
 expect LifePointsTotal 30
-expect EnduranceTotal 32
-expect SpeedTotal 10
 expect EssenceTotal 28
 expect QualityField 2/10
 expect AttributeField 16/20
 expect SkillField 0/25
 expect MetaField 0/10
 expect DPField.visible false
-expect EnduranceTotal.visible true
 expect InfoText Bonus points are availble. Click the green number next to an attribute you wish to increase. Mental=2. Physical=0.

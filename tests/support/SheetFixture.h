@@ -10,6 +10,7 @@
 #include "ruledata/DataModule.h"
 #include "rules/SheetOperations.h"
 #include "sheet/CharacterSheet.h"
+#include "text/TextHelpers.h"
 
 namespace zeph::testing {
 
@@ -40,6 +41,15 @@ protected:
         int row = sheet->QualityListBox.LastIndex();
         for (const auto& [column, text] : cells) sheet->QualityListBox.SetCell(row, column, text);
         return row;
+    }
+    // Expects text items to read as given, in the console's form: "Name=text|Name=text".
+    void ExpectTexts(const std::string& expected) {
+        for (const std::string& entry : SplitFields(expected, '|')) {
+            const std::string name = entry.substr(0, entry.find('='));
+            const auto* item = dynamic_cast<const TextItem*>(sheet->Items().Find(name));
+            ASSERT_NE(item, nullptr) << name;
+            EXPECT_EQ(item->Text(), entry.substr(name.size() + 1)) << name;
+        }
     }
     void SetFields(std::initializer_list<const char*> values) {
         int a = 0;
