@@ -1,28 +1,164 @@
 #include "text/TextHelpers.h"
 
+#include <unicode/uchar.h>
+#include <unicode/ustring.h>
+#include <unicode/utf16.h>
+#include <unicode/utf8.h>
+
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
-#include <limits>
+#include <memory>
 #include <string>
 
 namespace zeph {
 namespace {
 
-char foldCase(char c) {
-    return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
+char foldAscii(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
+
+bool isAscii(std::string_view s) {
+    for (char c : s)
+        if (static_cast<unsigned char>(c) & 0x80) return false;
+    return true;
 }
 
-// Finds t in s from byte offset `from`, without regard to case; npos when absent.
-std::size_t findNoCase(std::string_view s, std::string_view t, std::size_t from = 0) {
-    if (t.empty() || t.size() > s.size()) return std::string_view::npos;
-    for (std::size_t i = from; i + t.size() <= s.size(); ++i) {
+// A byte that is not part of well-formed UTF-8 folds to itself, outside the range of code
+// points, so that it matches only the same byte.
+constexpr char32_t kBadByte = 0x110000;
+
+// One unit of a text's full case folding, with the bytes of the original code point it came
+// from: a match that starts or ends inside the folding of one code point takes all of it.
+struct FoldedUnit {
+    char32_t unit;
+    std::size_t begin, end;
+};
+
+// Appends the full case folding of s (ß gives "ss"), per code point.
+void appendFolded(std::string_view s, std::vector<FoldedUnit>& out) {
+    const auto* bytes = reinterpret_cast<const std::uint8_t*>(s.data());
+    const auto length = static_cast<std::int32_t>(s.size());
+    for (std::int32_t i = 0; i < length;) {
+        const std::int32_t begin = i;
+        UChar32 c;
+        U8_NEXT(bytes, i, length, c);
+        const auto b = static_cast<std::size_t>(begin);
+        if (c < 0) {
+            i = begin + 1;
+            out.push_back({kBadByte + bytes[begin], b, b + 1});
+        } else if (c < 0x80) {
+            out.push_back({static_cast<char32_t>(foldAscii(static_cast<char>(c))), b, b + 1});
+        } else {
+            UChar source[2], folded[8];
+            std::int32_t sourceLength = 0;
+            U16_APPEND_UNSAFE(source, sourceLength, c);
+            UErrorCode status = U_ZERO_ERROR;
+            const std::int32_t foldedLength =
+                u_strFoldCase(folded, 8, source, sourceLength, U_FOLD_CASE_DEFAULT, &status);
+            const auto e = static_cast<std::size_t>(i);
+            if (U_FAILURE(status)) {
+                out.push_back({static_cast<char32_t>(c), b, e});
+                continue;
+            }
+            for (std::int32_t k = 0; k < foldedLength;) {
+                UChar32 f;
+                U16_NEXT(folded, k, foldedLength, f);
+                out.push_back({static_cast<char32_t>(f), b, e});
+            }
+        }
+    }
+}
+
+std::vector<FoldedUnit> folded(std::string_view s) {
+    std::vector<FoldedUnit> units;
+    units.reserve(s.size());
+    appendFolded(s, units);
+    return units;
+}
+
+// Kept out of line so that the ASCII comparison stays a lean loop.
+[[gnu::noinline]] bool equalFolded(std::string_view a, std::string_view b) {
+    const auto foldedA = folded(a), foldedB = folded(b);
+    return std::equal(foldedA.begin(), foldedA.end(), foldedB.begin(), foldedB.end(),
+                      [](const FoldedUnit& x, const FoldedUnit& y) { return x.unit == y.unit; });
+}
+
+constexpr std::size_t kNotAscii = std::string_view::npos - 1;
+
+// Byte-wise search for an ASCII t in s from `from`: where t starts, npos when it is not there,
+// kNotAscii when it meets a byte of s that is not ASCII, where the byte-wise fold no longer
+// holds. Nearly every name in the rules is ASCII, so this is the search they make. It need not
+// read the last m - 1 bytes: no code point folds to more ASCII letters than it has bytes (ß to
+// "ss", ﬃ to "ffi"), so no match of an ASCII t can start there.
+std::size_t findAscii(std::string_view s, std::string_view t, std::size_t from) {
+    const std::size_t m = t.size();
+    for (std::size_t i = from; i + m <= s.size(); ++i) {
         std::size_t k = 0;
-        while (k < t.size() && foldCase(s[i + k]) == foldCase(t[k])) ++k;
-        if (k == t.size()) return i;
+        while (k < m && foldAscii(s[i + k]) == foldAscii(t[k])) ++k;
+        if (k == m) return i;
+        if (static_cast<unsigned char>(s[i + k]) & 0x80) return kNotAscii;
     }
     return std::string_view::npos;
 }
+
+struct Match {
+    std::size_t begin, end;  // bytes of s; begin is npos when there is no match
+};
+constexpr Match kNoMatch{std::string_view::npos, std::string_view::npos};
+
+// The search by full case folding, for texts that are not ASCII.
+class FoldedSearch {
+  public:
+    FoldedSearch(std::string_view s, std::string_view t) : sUnits_(folded(s)) {
+        for (const FoldedUnit& u : folded(t)) tUnits_.push_back(u.unit);
+    }
+
+    Match Find(std::size_t from) const {
+        const auto first = std::lower_bound(
+            sUnits_.begin(), sUnits_.end(), from,
+            [](const FoldedUnit& u, std::size_t offset) { return u.begin < offset; });
+        const std::size_t m = tUnits_.size();
+        for (auto at = first; static_cast<std::size_t>(sUnits_.end() - at) >= m; ++at) {
+            std::size_t k = 0;
+            while (k < m && at[k].unit == tUnits_[k]) ++k;
+            if (k == m) return {at->begin, at[m - 1].end};
+        }
+        return kNoMatch;
+    }
+
+  private:
+    std::vector<FoldedUnit> sUnits_;
+    std::vector<char32_t> tUnits_;
+};
+
+// Finds t in s, one match after another, without regard to case: byte-wise while what has
+// been read is ASCII (there the two folds agree), by the full folding from the first byte that
+// is not.
+class NoCaseFinder {
+  public:
+    NoCaseFinder(std::string_view s, std::string_view t) : s_(s), t_(t), asciiT_(isAscii(t)) {}
+
+    // The first match that starts at byte `from` or later (`from` is where a code point starts).
+    Match Find(std::size_t from) {
+        if (t_.empty()) return kNoMatch;
+        if (!folded_) {
+            const std::size_t at = asciiT_ ? findAscii(s_, t_, from) : kNotAscii;
+            if (at == std::string_view::npos) return kNoMatch;
+            if (at != kNotAscii) return {at, at + t_.size()};
+        }
+        return findFolded(from);
+    }
+
+  private:
+    [[gnu::noinline]] Match findFolded(std::size_t from) {
+        if (!folded_) folded_ = std::make_unique<FoldedSearch>(s_, t_);
+        return folded_->Find(from);
+    }
+
+    std::string_view s_, t_;
+    bool asciiT_;
+    std::unique_ptr<FoldedSearch> folded_;
+};
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
@@ -72,13 +208,16 @@ double Val(std::string_view s) {
     s = skipBlanks(s);
     std::size_t n = numberPrefixLength(s);
     if (n == 0) return 0;
-    std::string text(s.substr(0, n));
-    double v = std::strtod(text.c_str(), nullptr);
-    return std::isfinite(v) ? v : 0;
+    // from_chars reads "." whatever the process locale says (the app takes the user's); it
+    // takes no "+".
+    std::size_t start = s[0] == '+' ? 1 : 0;
+    double v = 0;
+    auto result = std::from_chars(s.data() + start, s.data() + n, v);
+    return result.ec == std::errc() && std::isfinite(v) ? v : 0;
 }
 
 double CDbl(std::string_view s) {
-    // The locale of the program is the C one: "." marks the fraction and "," groups thousands.
+    // Always the C conventions, never the user's: "." marks the fraction and "," groups thousands.
     std::string cleaned;
     for (char c : skipBlanks(s))
         if (c != ',') cleaned += c;
@@ -97,36 +236,70 @@ std::int64_t Whole(std::string_view s) { return Whole(Val(s)); }
 
 std::string Str(double x) {
     if (x == 0 || std::isnan(x)) return "0";
+    if (std::isinf(x)) return x > 0 ? "inf" : "-inf";
     char buffer[64];
-    auto result = std::to_chars(buffer, buffer + sizeof buffer, x);
-    return std::string(buffer, result.ptr);
+    char* const bufferEnd = buffer + sizeof buffer;
+    // Whole numbers are most of the sheet: written exactly, without the rounding below.
+    if (std::fabs(x) < 1e15 && x == std::trunc(x)) {
+        auto result = std::to_chars(buffer, bufferEnd, static_cast<std::int64_t>(x));
+        return std::string(buffer, result.ptr);
+    }
+    // 15 significant digits are what a double keeps through arithmetic, so 0.1 + 0.2 shows 0.3.
+    auto result = std::to_chars(buffer, bufferEnd, x, std::chars_format::scientific, 14);
+    std::string_view text(buffer, static_cast<std::size_t>(result.ptr - buffer));  // -d.ddde+XX
+    std::string written;
+    if (text.front() == '-') {
+        written = "-";
+        text.remove_prefix(1);
+    }
+    const std::size_t e = text.find('e');
+    std::string digits = std::string(text.substr(0, 1)) + std::string(text.substr(2, e - 2));
+    digits.erase(digits.find_last_not_of('0') + 1);
+    int exponent = 0;
+    std::from_chars(text.data() + e + 2, text.data() + text.size(), exponent);
+    if (text[e + 1] == '-') exponent = -exponent;
+
+    // Plain digits as far as a sheet can show them; an exponent only for the absurd.
+    if (exponent < -6 || exponent > 20) {
+        written += digits.substr(0, 1);
+        if (digits.size() > 1) written += "." + digits.substr(1);
+        return written += text.substr(e);
+    }
+    if (exponent < 0) return written + "0." + std::string(-exponent - 1, '0') + digits;
+    const auto wholeDigits = static_cast<std::size_t>(exponent) + 1;
+    if (digits.size() <= wholeDigits)
+        return written + digits + std::string(wholeDigits - digits.size(), '0');
+    return written + digits.substr(0, wholeDigits) + "." + digits.substr(wholeDigits);
 }
 
 std::string NthField(std::string_view s, std::string_view sep, int n) {
     if (n < 1) return "";
     if (sep.empty()) return n == 1 ? std::string(s) : "";
+    NoCaseFinder finder(s, sep);
     std::size_t start = 0;
     for (int field = 1;; ++field) {
-        std::size_t end = findNoCase(s, sep, start);
-        if (field == n) return std::string(s.substr(start, end == std::string_view::npos ? s.npos : end - start));
-        if (end == std::string_view::npos) return "";
-        start = end + sep.size();
+        const auto match = finder.Find(start);
+        if (field == n)
+            return std::string(
+                s.substr(start, match.begin == s.npos ? s.npos : match.begin - start));
+        if (match.begin == s.npos) return "";
+        start = match.end;
     }
 }
 
 int CountFields(std::string_view s, std::string_view sep) {
     if (s.empty()) return 0;
     if (sep.empty()) return 1;
+    NoCaseFinder finder(s, sep);
     int count = 1;
-    for (std::size_t at = findNoCase(s, sep); at != std::string_view::npos;
-         at = findNoCase(s, sep, at + sep.size()))
+    for (auto match = finder.Find(0); match.begin != s.npos; match = finder.Find(match.end))
         ++count;
     return count;
 }
 
 int InStr(std::string_view s, std::string_view t) {
-    std::size_t at = findNoCase(s, t);
-    if (at == std::string_view::npos) return 0;
+    const std::size_t at = NoCaseFinder(s, t).Find(0).begin;
+    if (at == s.npos) return 0;
     return Len(s.substr(0, at)) + 1;
 }
 
@@ -154,10 +327,16 @@ double Floor(double x) { return std::floor(x); }
 double Max(double a, double b) { return a > b ? a : b; }
 
 bool EqualsNoCase(std::string_view a, std::string_view b) {
-    if (a.size() != b.size()) return false;
-    for (std::size_t i = 0; i < a.size(); ++i)
-        if (foldCase(a[i]) != foldCase(b[i])) return false;
-    return true;
+    // Byte by byte up to the first byte that is not ASCII; from there on (where a code point
+    // starts in both) by the full folding.
+    const std::size_t common = std::min(a.size(), b.size());
+    for (std::size_t i = 0; i < common; ++i) {
+        if ((static_cast<unsigned char>(a[i]) | static_cast<unsigned char>(b[i])) & 0x80)
+            return equalFolded(a.substr(i), b.substr(i));
+        if (foldAscii(a[i]) != foldAscii(b[i])) return false;
+    }
+    // One is all read and ASCII; what is left of the other folds to something, never nothing.
+    return a.size() == b.size();
 }
 
 std::string JoinFields(const std::vector<std::string>& fields, const std::string& separator) {

@@ -1,5 +1,6 @@
 // The text and number helpers that every rule shares. Numbers live on the sheet as text
-// and are converted at each use; what does not parse is 0, never an error.
+// and are converted at each use; what does not parse is 0, never an error. Numbers are read
+// and written the same way whatever the user's locale, as the sheet and the files hold them.
 #pragma once
 
 #include <cstdint>
@@ -11,19 +12,23 @@ namespace zeph {
 
 // Number at the start of the text (after leading blanks); 0 when there is none.
 double Val(std::string_view s);
-// Number in the text by the locale's conventions ("1,250.5" is 1250.5); 0 for an empty text.
+// Number in the text by the C conventions ("1,250.5" is 1250.5); 0 for an empty text.
 double CDbl(std::string_view s);
 // The whole-number conversion: the fraction is dropped (towards zero).
 std::int64_t Whole(double x);
 std::int64_t Whole(std::string_view s);
-// Shortest form of a number, with no ".0" at the end.
+// A number as the sheet shows it: plain digits (an exponent only beyond 1e21 or below 1e-6),
+// at most 15 significant digits, no trailing zeros and no ".0".
 std::string Str(double x);
+
+// Without regard to case means by Unicode's full case folding ("STRASSE" matches "Straße").
 
 // The n-th field from 1, "" beyond the end. The separator is matched without regard to case.
 std::string NthField(std::string_view s, std::string_view sep, int n);
 // Number of fields: 0 for an empty text, 1 for a text without the separator.
 int CountFields(std::string_view s, std::string_view sep);
-// Position of t in s from 1, without regard to case; 0 when it is not there (or t is empty).
+// Character position of t in s from 1, without regard to case; 0 when it is not there (or t is
+// empty).
 int InStr(std::string_view s, std::string_view t);
 
 // By characters (UTF-8 code points), not bytes.
