@@ -165,6 +165,10 @@ TEST_F(Recomputation, TheTaintPoolJoinsTheSummary) {
     sheet->m_all_bonuses[12] = 3;
     FigureSecondaryAttributes(*sheet);
     EXPECT_EQ(text(sheet->ExtraStatsField), "Essence Channeling: 1, Taint Pool: 13");
+    sheet->QualityListBox.DeleteAllRows();
+    sheet->m_all_bonuses[12] = 1;
+    FigureSecondaryAttributes(*sheet);
+    EXPECT_EQ(text(sheet->ExtraStatsField), "Taint Pool: 1");
 }
 
 TEST_F(Recomputation, AnXmlFailureShowsTheReportAndStops) {

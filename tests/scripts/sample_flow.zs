@@ -13,7 +13,8 @@ set ConstitutionField 3
 set IntelligenceField 2
 set PerceptionField 3
 set WillpowerField 6
-do WillpowerField_LostFocus
+expect StrengthTotal 0
+do FigureSecondaryAttributes
 expect StrengthTotal 3
 expect WillpowerTotal 6
 expect AttributeField 23/20
@@ -27,5 +28,7 @@ expect DrawbackField 0/10
 expect MetaField 0/0
 expect InfoText Attr(23/20) Q(0/10) D(0/10) S(0/25) M(0/0)      |     Books in use: ZSB ZMC WC
 expect DPField.visible false
+do LoadConceptBox
+expect ConceptBox.rows Drifter|Night Nurse|Occult Librarian|Private Eye|Street Preacher
 expect App.doneloading true
 do DataModule.SaveDataFilePreferences

@@ -63,7 +63,10 @@ TEST_F(NewSheet, ListCellsNeverWrittenReadEmptyAndEveryRowHasEveryColumn) {
     EXPECT_THROW(sheet->QualityListBox.Cell(0, 28), std::out_of_range);
     EXPECT_THROW(sheet->QualityListBox.Cell(1, 0), std::out_of_range);
     sheet->QualityListBox.InsertRow(0, "First");
+    sheet->QualityListBox.InsertRow(2, "Last");
     EXPECT_EQ(sheet->QualityListBox.Cell(1, 0), "--");
+    EXPECT_EQ(sheet->QualityListBox.Cell(2, 0), "Last");
+    EXPECT_THROW(sheet->QualityListBox.InsertRow(4, "Beyond"), std::out_of_range);
 }
 
 TEST_F(NewSheet, AListHasOneSelectedRowAndBoldMarks) {

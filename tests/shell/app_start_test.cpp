@@ -212,6 +212,9 @@ TEST_F(AppStart, ListRowsShowTheirVisibleColumnsOnly) {
     EXPECT_TRUE(tree->topLevelItem(0)->font(0).bold());
     EXPECT_FALSE(tree->topLevelItem(0)->font(1).bold());
     EXPECT_TRUE(tree->topLevelItem(1)->isSelected());
+    list.SetCell(0, 1, "4");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(tree->topLevelItem(0)->text(1), "4");
 
     tree->topLevelItem(0)->setSelected(true);
     EXPECT_TRUE(list.Selected(0));
