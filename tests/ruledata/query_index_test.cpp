@@ -350,6 +350,9 @@ TEST(QueryIndexDifferential, NamespacedAndForeignDocuments) {
         // A DOCTYPE with an entity: the index steps aside entirely.
         "<!DOCTYPE zephalondata [<!ENTITY k \"Key\">]><zephalondata><qualities>"
         "<type value=\"&k;\"><name value=\"X\">&k;<notes/></name></type></qualities></zephalondata>",
+        // An entity in an attribute alone.
+        "<!DOCTYPE zephalondata [<!ENTITY k \"Key\">]><zephalondata><qualities>"
+        "<type value=\"&k;\"><name value=\"X\"/></type></qualities></zephalondata>",
     };
     for (const std::string& text : documents) {
         auto data = RuleData::LoadText(text);
@@ -372,6 +375,7 @@ const std::vector<std::string> kOutsideTheIndex = {
     "//a[@b='\x01']",       "//a[@b='\xC3']",         "//a[@b='\xC0\x80']", "//Été",
     "1a",                   "//a/*/",                 "child::a",       "//a[@*='c']",
     "//a[ 1]",              "//a[@b='c' ]",           "*[@b='c']//*",   "//a[@b=c]",
+    "//a[@b='\xC3x']",      "//a[@b='\xC3\xA9\x01']",
 };
 
 TEST(QueryIndexDeclines, OtherQueriesAreLeftToLibxml) {
@@ -381,6 +385,14 @@ TEST(QueryIndexDeclines, OtherQueriesAreLeftToLibxml) {
     QueryIndex index(data->raw());
     for (const std::string& q : kOutsideTheIndex)
         EXPECT_FALSE(index.TryAnswer(q).has_value()) << "answered: " << q;
+}
+
+TEST(QueryIndexDeclines, NotTheShapesTheRulesAsk) {
+    auto data = RuleData::LoadText("<zephalondata>\n <qualities/>\n</zephalondata>");
+    QueryIndex index(data->raw());
+    for (const char* q : {"//zephalondata", "zephalondata/tabledata/table[@name=\"a'b\"]/row[12]",
+                          "//qualities/*/name[@value='']/costs"})
+        EXPECT_TRUE(index.TryAnswer(q).has_value()) << "declined: " << q;
 }
 
 std::vector<std::string> NotesOf(const XmlNodeList& nodes) {
