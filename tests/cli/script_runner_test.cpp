@@ -119,7 +119,8 @@ TEST(ScriptRunner, CrlfLineEndsAndUnselectingAListRow) {
 }
 
 TEST(ScriptRunner, OperationsWithAResultPrintIt) {
-    Outcome o = run("set StrengthField 6\ndo SumAttrPts\ndo CalcSkillPts\n");
+    Outcome o = run("set StrengthField 6\ndo SumAttrPts\ndo CalcSkillPts\ndo SumMetaPts\n");
     EXPECT_EQ(o.status, 0);
-    EXPECT_NE(o.out.find("SumAttrPts = 8\nCalcSkillPts = 1\n"), std::string::npos) << o.out;
+    EXPECT_NE(o.out.find("SumAttrPts = 8\nCalcSkillPts = 1\nSumMetaPts = 0\n"), std::string::npos)
+        << o.out;
 }

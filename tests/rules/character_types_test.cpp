@@ -133,7 +133,8 @@ TEST_F(CharacterTypes, ChangesDoNothingWhileACharacterLoads) {
 
 TEST_F(CharacterTypes, AnApostropheInATypeShowsTheReport) {
     sheet->CharacterTypePopup.SetText("Devil's Own");
-    ASSERT_EQ(platform.Messages().size(), 1u);
+    AddQualityFromCharType(*sheet, "Devil's Own", "Imp");
+    ASSERT_EQ(platform.Messages().size(), 2u);
     EXPECT_NE(platform.Messages()[0].find(" At node: "), std::string::npos);
     EXPECT_TRUE(sheet->savedChar);
 }

@@ -29,6 +29,10 @@ expect StrengthTotal 5
 
 choose ChooseCharPopup Wandering Soul
 expect QualityListBox.ListCount 0
+do AddQualityFromCharType Spirit Touched|Moonbound
+expect QualityListBox.ListCount 2
+do AddQualityFromCharType Spirit Touched|Wandering Soul
+expect QualityListBox.ListCount 0
 expect SpeedTotal 4
 expect LPText Vital Ess.:
 expect EssenceTotal 65

@@ -1,11 +1,9 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <clocale>
 #include <cmath>
-#include <cstdlib>
-#include <filesystem>
 
+#include "support/CommaLocale.h"
 #include "text/TextHelpers.h"
 
 using namespace zeph;
@@ -34,16 +32,8 @@ TEST(CDbl, ReadsGroupedNumbersAndEmptyAsZero) {
 
 // The app takes the user's locale; one that writes "2,5" must change no number of the sheet.
 TEST(Numbers, ReadAndWriteTheSameUnderACommaDecimalLocale) {
-    const char* name = "de_DE.UTF-8";
-    const auto dir =
-        std::filesystem::temp_directory_path() / ("zephalon-locale-" + std::to_string(getpid()));
-    const bool built = !std::setlocale(LC_ALL, name);  // not installed: made under our own LOCPATH
-    const std::string localedef =
-        "localedef -i de_DE -f UTF-8 '" + (dir / name).string() + "' >/dev/null 2>&1";
-    if (built && std::filesystem::create_directories(dir) && std::system(localedef.c_str()) != -1)
-        setenv("LOCPATH", dir.c_str(), 1);
-    const bool comma =
-        std::setlocale(LC_ALL, name) && std::localeconv()->decimal_point == std::string(",");
+    zeph::testing::CommaLocale locale;
+    const bool comma = zeph::testing::CommaLocale::TakeFromEnvironment();
     if (comma) {
         EXPECT_EQ(Val("2.5"), 2.5);
         EXPECT_EQ(Val("-1.5e1x"), -15);
@@ -53,7 +43,6 @@ TEST(Numbers, ReadAndWriteTheSameUnderACommaDecimalLocale) {
         EXPECT_EQ(Str(0.1 + 0.2), "0.3");
     }
     std::setlocale(LC_ALL, "C");
-    if (built) unsetenv("LOCPATH"), std::filesystem::remove_all(dir);
     if (!comma) GTEST_SKIP() << "no comma-decimal locale here (localedef or de_DE missing)";
 }
 
