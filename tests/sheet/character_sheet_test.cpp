@@ -94,6 +94,7 @@ TEST_F(NewSheet, AComboKeepsFreeTextWhileAChoiceOnlyTakesItsRows) {
     EXPECT_EQ(combo.ListIndex(), -1);
     combo.SetText("Drifter");
     EXPECT_EQ(combo.ListIndex(), 0);
+    EXPECT_THROW(combo.SetListIndex(1), std::out_of_range);
     combo.DeleteAllRows();
     EXPECT_EQ(combo.Text(), "Drifter");
     EXPECT_EQ(combo.ListIndex(), -1);
