@@ -1,4 +1,3 @@
-// The per-row bonus pass that feeds the budgets runs inside the recomputation.
 #include "rules/QualityBonuses.h"
 
 #include "sheet/CharacterSheet.h"
