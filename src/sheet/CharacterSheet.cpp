@@ -46,6 +46,7 @@ void CharacterSheet::registerProperties() {
     properties_.Add("loadingCharFile", loadingCharFile);
     properties_.Add("savedChar", savedChar);
     properties_.Add("title", title);
+    properties_.Add("currentNotesButton", currentNotesButton);
 }
 
 CharacterSheet::AttributeItems CharacterSheet::AttributeOf(int attribute) {

@@ -163,6 +163,10 @@ public:
     TextItem HeightField{items_, "HeightField"};
     TextItem WeightField{items_, "WeightField"};
     TextItem EyesField{items_, "EyesField"};
+    FlagItem NotesButton{items_, "NotesButton", true, ItemKind::Toggle};
+    FlagItem ContactsButton{items_, "ContactsButton", false, ItemKind::Toggle};
+    FlagItem HistoryButton{items_, "HistoryButton", false, ItemKind::Toggle};
+    FlagItem AltFormButton{items_, "AltFormButton", false, ItemKind::Toggle};
     TextItem NotesField{items_, "NotesField", ItemKind::Styled};
     TextItem ContactsField{items_, "ContactsField", ItemKind::Styled, "", false};
     TextItem AltFormField{items_, "AltFormField", ItemKind::Styled, "", false};
@@ -193,6 +197,7 @@ public:
     bool loadingCharFile = false;
     bool savedChar = true;
     std::string title = "Zephalon Character Creator";
+    std::string currentNotesButton;  // the notes field in place; empty counts as "Notes"
 
     // The field, bonus and total items of one primary attribute.
     struct AttributeItems {

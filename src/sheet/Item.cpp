@@ -53,8 +53,8 @@ void TextItem::SetText(const std::string& text) {
     Notify(ItemChange::Text);
 }
 
-FlagItem::FlagItem(ItemRegistry& registry, std::string name, bool value)
-    : Item(registry, std::move(name), ItemKind::Flag, true), value_(value) {}
+FlagItem::FlagItem(ItemRegistry& registry, std::string name, bool value, ItemKind kind)
+    : Item(registry, std::move(name), kind, true), value_(value) {}
 
 void FlagItem::SetValue(bool value) {
     if (value_ == value) return;

@@ -10,7 +10,8 @@
 
 namespace zeph {
 
-enum class ItemKind { Text, Number, Flag, Combo, Choice, List, Styled, Label };
+// A toggle is a flag pressed by a click whose own operation decides the state it ends in.
+enum class ItemKind { Text, Number, Flag, Toggle, Combo, Choice, List, Styled, Label };
 
 enum class ItemChange { Text, Visibility, Rows, Selection, Bold, Heading };
 
@@ -70,9 +71,11 @@ private:
     std::string text_;
 };
 
+// Flags and toggles.
 class FlagItem : public Item {
 public:
-    FlagItem(ItemRegistry& registry, std::string name, bool value);
+    FlagItem(ItemRegistry& registry, std::string name, bool value,
+             ItemKind kind = ItemKind::Flag);
     bool Value() const { return value_; }
     void SetValue(bool value);
 

@@ -36,6 +36,7 @@ std::string ChangeOperationName(const Item& item) {
         case ItemKind::Flag:
             return item.Name() + "_Action";
         case ItemKind::List:
+        case ItemKind::Toggle:  // its _Action is the click, which sets the toggle itself
             return "";
         default:
             return item.Name() + "_TextChange";

@@ -27,8 +27,9 @@ void AddOperationWithArgument(OperationTable& table, const std::string& name,
                               std::function<void(CharacterSheet&, const std::string&)> run);
 
 // The operation an item's change fires, by the item's kind: "_TextChange" for text items,
-// "_Change" for combos and choices, "_Action" for flags, "" for lists. The sheet runs it, when
-// the table has it, each time the item's text or flag changes, the rules' own writes included.
+// "_Change" for combos and choices, "_Action" for flags, "" for lists and toggles. The sheet
+// runs it, when the table has it, each time the item's text or flag changes, the rules' own
+// writes included.
 std::string ChangeOperationName(const Item& item);
 
 // The sheet's own operations: the change operations that only mark it dirty, and the title.

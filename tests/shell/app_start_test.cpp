@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <QTabWidget>
 #include <QTextEdit>
 #include <QTimer>
@@ -286,6 +287,18 @@ TEST_F(AppStart, TheTimerRefreshesTheStatusLine) {
     const QString shown = widget<QLabel>("InfoText")->text();
     EXPECT_NE(shown, "stale");
     EXPECT_EQ(shown.toStdString(), sheet().InfoText.Text());
+}
+
+TEST_F(AppStart, ANotesButtonClickRunsItsOperationAndShowsWhatItLeft) {
+    auto* contacts = widget<QPushButton>("ContactsButton");
+    contacts->click();
+    EXPECT_EQ(sheet().currentNotesButton, "Contacts");
+    EXPECT_TRUE(contacts->isChecked());
+    EXPECT_FALSE(widget<QPushButton>("NotesButton")->isChecked());
+    contacts->click();
+    EXPECT_FALSE(contacts->isChecked());
+    EXPECT_FALSE(widget<QTextEdit>("ContactsField")->isHidden());
+    EXPECT_TRUE(widget<QTextEdit>("NotesField")->isHidden());
 }
 
 }  // namespace

@@ -302,6 +302,14 @@ QWidget* CharWindow::descriptionTab() {
     addField(personal, 1, 1, "Height:", bound("HeightField"));
     addField(personal, 2, 1, "Weight:", bound("WeightField"));
 
+    auto* buttons = new QHBoxLayout;
+    for (const auto& [name, text] : {std::pair{"NotesButton", "Notes"},
+                                     {"ContactsButton", "Contacts"},
+                                     {"HistoryButton", "History"},
+                                     {"AltFormButton", "Alt Form"}})
+        buttons->addWidget(bound(name, text));
+    buttons->addStretch(1);
+
     // The long texts share one place; their items say which of them stands in it.
     auto* texts = new QVBoxLayout;
     for (const char* name :
@@ -311,7 +319,7 @@ QWidget* CharWindow::descriptionTab() {
     auto* page = new QWidget;
     auto* layout = new QVBoxLayout(page);
     layout->addWidget(group("Personal Information", personal));
-    layout->addWidget(caption("Notes:"));
+    layout->addLayout(buttons);
     layout->addLayout(texts, 1);
     return page;
 }

@@ -7,6 +7,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSignalBlocker>
 #include <QTextEdit>
 #include <QTimer>
@@ -109,6 +110,31 @@ class FlagBinding : public ItemBinding {
   private:
     FlagItem& item_;
     QCheckBox& box_;
+};
+
+// A toggle's click is its operation, which leaves the toggle pressed or raised; the button
+// then shows what the operation left.
+class ToggleBinding : public ItemBinding {
+  public:
+    ToggleBinding(CharacterSheet& sheet, FlagItem& item, QPushButton& button, CoreCall call)
+        : ItemBinding(sheet, item, button, std::move(call)), item_(item), button_(button) {
+        button.setCheckable(true);
+        connect(&button, &QPushButton::clicked, this,
+                [this, action = findOperation(item.Name() + "_Action")] {
+                    runEvent(action);
+                    show(ItemChange::Text);
+                });
+    }
+
+  protected:
+    void show(ItemChange) override {
+        QSignalBlocker quiet(&button_);
+        button_.setChecked(item_.Value());
+    }
+
+  private:
+    FlagItem& item_;
+    QPushButton& button_;
 };
 
 // Combos and choices alike; only a combo's box takes typed text.
@@ -348,6 +374,13 @@ QWidget* SheetBinder::Widget(const std::string& itemName, const std::string& cap
             binding =
                 std::make_unique<FlagBinding>(sheet_, dynamic_cast<FlagItem&>(item), *box, call_);
             widget = box;
+            break;
+        }
+        case ItemKind::Toggle: {
+            auto* button = new QPushButton(q(caption), owner_);
+            binding = std::make_unique<ToggleBinding>(sheet_, dynamic_cast<FlagItem&>(item),
+                                                      *button, call_);
+            widget = button;
             break;
         }
         case ItemKind::Combo:

@@ -82,7 +82,8 @@ class SheetBinder {
     ~SheetBinder();
 
     // The usual widget of the item's kind: a line edit for text and numbers, a check box for
-    // a flag (with `caption`), an editable combo box for a combo, a fixed one for a choice, a
+    // a flag (with `caption`), a checkable push button for a toggle (with `caption`; a click
+    // runs its _Action), an editable combo box for a combo, a fixed one for a choice, a
     // tree for a list, a text edit for styled text, a label for a label. Named after the item.
     QWidget* Widget(const std::string& itemName, const std::string& caption = "");
     // Any text item shown as a label (numbers the user clicks rather than types).
