@@ -1,6 +1,8 @@
 #include "rules/SheetOperations.h"
 
+#include "rules/AlternateForms.h"
 #include "rules/CharacterTypes.h"
+#include "rules/NotesArea.h"
 #include "rules/PointAccounting.h"
 #include "rules/QualityBonuses.h"
 #include "rules/SecondaryAttributes.h"
@@ -15,6 +17,8 @@ const OperationTable& SheetOperations() {
         AddPointAccountingOperations(t);
         AddSecondaryAttributeOperations(t);
         AddQualityBonusOperations(t);
+        AddAlternateFormOperations(t);
+        AddNotesAreaOperations(t);
         return t;
     }();
     return table;
