@@ -2,6 +2,7 @@
 
 #include "platform/Platform.h"
 #include "ruledata/RuleData.h"
+#include "rules/Qualities.h"
 #include "rules/SecondaryAttributes.h"
 #include "sheet/CharacterSheet.h"
 #include "text/TextHelpers.h"
@@ -128,19 +129,9 @@ void AddQualityFromCharType(CharacterSheet& sheet, const std::string& type,
             if (auto bonus = rules.Record(quality + "/bonusattr"))
                 for (int a = 0; a < kAttributeCount; ++a)
                     list.SetCell(row, 11 + a, bonus->Attribute(kAttributeKeys[a]));
-            if (auto points = rules.Record(quality + "/bonuspts")) {
-                const char* const kBonusPoints[] = {"bonusskill",
-                                                    "optskillbonus",
-                                                    "bonusmeta",
-                                                    "bonusattr",
-                                                    "bonusessence_attrbased",
-                                                    "bonusessence",
-                                                    "bonuslifepts",
-                                                    "bonusspeed",
-                                                    "bonusendurance"};
-                for (int i = 0; i < 9; ++i)
-                    list.SetCell(row, 17 + i, points->Attribute(kBonusPoints[i]));
-            }
+            if (auto points = rules.Record(quality + "/bonuspts"))
+                for (int i = 0; i < kQualityBonusPointCount; ++i)
+                    list.SetCell(row, 17 + i, points->Attribute(kQualityBonusPointKeys[i]));
             if (InStr(name, "Taint Pool") > 0 || EqualsNoCase(name, "Taint"))
                 list.SetCell(row, 26, "5");
 

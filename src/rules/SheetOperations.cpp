@@ -2,8 +2,10 @@
 
 #include "rules/AlternateForms.h"
 #include "rules/CharacterTypes.h"
+#include "rules/Metaphysics.h"
 #include "rules/NotesArea.h"
 #include "rules/PointAccounting.h"
+#include "rules/Qualities.h"
 #include "rules/QualityBonuses.h"
 #include "rules/SecondaryAttributes.h"
 
@@ -17,6 +19,8 @@ const OperationTable& SheetOperations() {
         AddPointAccountingOperations(t);
         AddSecondaryAttributeOperations(t);
         AddQualityBonusOperations(t);
+        AddQualityOperations(t);
+        AddMetaphysicsOperations(t);
         AddAlternateFormOperations(t);
         AddNotesAreaOperations(t);
         return t;

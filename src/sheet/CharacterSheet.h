@@ -117,7 +117,7 @@ public:
     TextItem QualityMaxLevelField{items_, "QualityMaxLevelField", ItemKind::Number};
     TextItem QualityCostPerLevelField{items_, "QualityCostPerLevelField"};
     TextItem QualityXPCostPerLevelField{items_, "QualityXPCostPerLevelField"};
-    ComboItem QualityAlternateFormCombo{items_, "QualityAlternateFormCombo", ItemKind::Combo, {},
+    ComboItem QualityAlternateFormCombo{items_, "QualityAlternateFormCombo", ItemKind::Choice, {},
                                         false};
     TextItem QualityAltFormText{items_, "QualityAltFormText", ItemKind::Label, "Alternate Form:",
                                 false};

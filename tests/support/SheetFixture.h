@@ -25,11 +25,12 @@ protected:
         data.xdata = RuleData::LoadText(xml);
         sheet = std::make_unique<CharacterSheet>(data, platform, SheetOperations());
     }
-    // The small rule data of the rules tests, in tests/data.
-    void UseSmallRules() {
-        data.xdata = RuleData::LoadFile(std::string(ZEPHALON_SOURCE_DIR) + "/tests/data/small_rules.xml");
+    // A rule data file of the rules tests, in tests/data.
+    void UseTestRules(const std::string& file) {
+        data.xdata = RuleData::LoadFile(std::string(ZEPHALON_SOURCE_DIR) + "/tests/data/" + file);
         sheet = std::make_unique<CharacterSheet>(data, platform, SheetOperations());
     }
+    void UseSmallRules() { UseTestRules("small_rules.xml"); }
     void UseSample() {
         data.xdata = RuleData::LoadFile(SamplePath());
         sheet = std::make_unique<CharacterSheet>(data, platform, SheetOperations());

@@ -1,0 +1,32 @@
+// Metaphysics: the powers offered by the character's qualities, chosen into the entry items,
+// stepped between a lowest and a highest level, recorded as rows of MetaListBox (prerequisites
+// with alternatives, experience in play), pulled back, removed; and the sum of their bonuses.
+#pragma once
+
+#include <string>
+
+#include "sheet/Operations.h"
+
+namespace zeph {
+
+class CharacterSheet;
+
+void LoadMetaTypes(CharacterSheet& sheet);
+void MetaTypePopup_Change(CharacterSheet& sheet);
+// True when a quality row's name contains one of the alternatives ("||") of the text.
+bool MetaCheckQualityPrereq(CharacterSheet& sheet, const std::string& text);
+void PopulateMetaInfo(CharacterSheet& sheet);
+void MetaUpDownArrows_Up(CharacterSheet& sheet);
+void MetaUpDownArrows_Down(CharacterSheet& sheet);
+void MetaRecordButton_Action(CharacterSheet& sheet);
+void MetaListBox_DoubleClick(CharacterSheet& sheet);
+void MetaListBoxDeleteRow(CharacterSheet& sheet);
+void MetaRemoveButton_Action(CharacterSheet& sheet);
+void MetaListBox_KeyDown(CharacterSheet& sheet, const std::string& key);
+void MetaSeparator_Action(CharacterSheet& sheet);
+// Renews m_all_bonuses: per column 11 to 24, the sum over the rows of the bonus times the level.
+void MetaGetBonus(CharacterSheet& sheet);
+
+void AddMetaphysicsOperations(OperationTable& table);
+
+}  // namespace zeph

@@ -1,0 +1,200 @@
+#include "rules/Metaphysics.h"
+
+#include <gtest/gtest.h>
+
+#include "rules/SecondaryAttributes.h"
+#include "support/SheetFixture.h"
+
+using namespace zeph;
+using zeph::testing::SheetTest;
+
+class Metaphysics : public SheetTest {
+  protected:
+    void SetUp() override {
+        UseTestRules("purchase_rules.xml");
+        sheet->CharacterTypePopup.SetText("Human");
+        sheet->ChooseCharPopup.SetText("Plain");
+    }
+    void Pick(const std::string& name) {
+        sheet->MetaTypePopup.SetText("Gifts");
+        sheet->MetaPopup.AddRow(name);  // offered or not: the entry is what is tested here
+        sheet->MetaPopup.SetText(name);
+        PopulateMetaInfo(*sheet);
+    }
+    void Press(void (*arrow)(CharacterSheet&), int times) {
+        for (int i = 0; i < times; ++i) arrow(*sheet);
+    }
+    void AddMetaRow(const std::string& name,
+                    std::initializer_list<std::pair<int, std::string>> cells) {
+        sheet->MetaListBox.AddRow(name);
+        for (const auto& [column, text] : cells)
+            sheet->MetaListBox.SetCell(sheet->MetaListBox.LastIndex(), column, text);
+    }
+    std::string Row(int row, int from, int to) {
+        std::string out = sheet->MetaListBox.Cell(row, from);
+        for (int c = from + 1; c <= to; ++c) out += "|" + sheet->MetaListBox.Cell(row, c);
+        return out;
+    }
+};
+
+TEST_F(Metaphysics, OnlyWhatTheQualitiesAllowIsOffered) {
+    const struct {
+        const char* quality;
+        std::vector<std::string> offered;
+    } cases[] = {
+        {"", {}}, {"Keen Eye", {"Seer's Eye"}}, {"Iron Will (Wolf)", {"Seer's Eye", "Ward"}}};
+    for (const auto& c : cases) {
+        sheet->QualityListBox.DeleteAllRows();
+        if (*c.quality) AddQualityRow(c.quality, {});
+        sheet->MetaTypePopup.SetText("");
+        sheet->MetaTypePopup.SetText("Gifts");
+        EXPECT_EQ(sheet->MetaPopup.Rows(), c.offered) << c.quality;
+    }
+    EXPECT_TRUE(MetaCheckQualityPrereq(*sheet, ""));
+    EXPECT_FALSE(MetaCheckQualityPrereq(*sheet, "Keen"));
+}
+
+TEST_F(Metaphysics, ChoosingFillsTheEntryItems) {
+    Pick("Seer's Eye");
+    ExpectTexts(
+        "MetaNameField=Seer's Eye|MetaMaxLevelField=3/0|MetaCostPerLevelField=1/2|"
+        "MetaXPCostPerLevelField=3/6|MetaXPCostNewField=10|MetaLevelField=0|"
+        "MetaReferenceField=ZPR 8|MetaPrerequisiteField=Ward,2|MetaNoteField=");
+    EXPECT_EQ(sheet->m_attributes[0] * 10 + sheet->m_attributes[6], 12);
+    EXPECT_EQ(sheet->m_bonuspts[0] + sheet->m_bonuspts[5], "31");
+    EXPECT_EQ(sheet->m_altform, "Beasts");
+    EXPECT_EQ(sheet->m_row, -1);
+
+    Pick("Ward");  // a highest level below 5, and no price of its own for the first level
+    ExpectTexts(
+        "MetaMaxLevelField=0/4|MetaCostPerLevelField=2/-|MetaXPCostPerLevelField=4/-|"
+        "MetaXPCostNewField=4/-|MetaReferenceField=|MetaPrerequisiteField=");
+    EXPECT_EQ(sheet->m_attributes[0] + sheet->m_attributes[6], 0);
+    EXPECT_EQ(sheet->m_bonuspts[0] + sheet->m_altform, "");
+}
+
+TEST_F(Metaphysics, TheLowestLevelIsBoughtAndSoldInOnePress) {
+    Pick("Seer's Eye");  // lowest 3, no highest; 1 per level, 2 above level 5
+    MetaUpDownArrows_Up(*sheet);
+    ExpectTexts("MetaLevelField=3|MetaCostField=3");
+    Press(MetaUpDownArrows_Up, 3);
+    ExpectTexts("MetaLevelField=6|MetaCostField=7");
+    Press(MetaUpDownArrows_Down, 2);
+    ExpectTexts("MetaLevelField=4|MetaCostField=4");
+    MetaUpDownArrows_Down(*sheet);
+    ExpectTexts("MetaLevelField=3|MetaCostField=3");
+    MetaUpDownArrows_Down(*sheet);
+    ExpectTexts("MetaLevelField=0|MetaCostField=0");
+    MetaUpDownArrows_Down(*sheet);
+    ExpectTexts("MetaLevelField=0|MetaCostField=0");
+
+    Pick("Ward");
+    Press(MetaUpDownArrows_Up, 6);
+    ExpectTexts("MetaLevelField=4|MetaCostField=8");
+}
+
+TEST_F(Metaphysics, InPlayTheFirstLevelHasItsOwnPrice) {
+    sheet->CharacterInPlayBox.SetValue(true);
+    Pick("Seer's Eye");
+    MetaUpDownArrows_Up(*sheet);
+    ExpectTexts("MetaLevelField=3|MetaXPCostField=16|MetaCostField=0");  // 10 + 3 + 3
+    MetaUpDownArrows_Down(*sheet);
+    ExpectTexts("MetaLevelField=0|MetaXPCostField=0");
+
+    Pick("Ward");
+    sheet->MetaXPCostField.SetText("99");
+    MetaUpDownArrows_Up(*sheet);
+    EXPECT_EQ(sheet->MetaXPCostField.Text(), "4/-") << "set, not added, slash and all";
+    MetaUpDownArrows_Up(*sheet);
+    EXPECT_EQ(sheet->MetaXPCostField.Text(), "8");
+}
+
+TEST_F(Metaphysics, PrerequisitesWithAlternativesJudgedAsTheyStand) {
+    const struct {
+        const char* text;
+        std::vector<std::pair<const char*, const char*>> rows;
+        bool met;
+    } cases[] = {
+        {"Ward,2", {{"Ward", "2"}}, true},
+        {"Ward,2", {{"ward", "1"}}, false},
+        {"A,1&&B,1", {{"A", "1"}}, false},
+        {"A,1&&B,1", {{"a", "1"}, {"B", "3"}}, true},
+        {"A,1||B,1", {{"B", "1"}}, true},
+        {"A,1&&B,1||C,1", {{"C", "1"}}, true},
+        {"A,1&&B,1||C,1", {{"A", "1"}, {"B", "1"}}, true},
+        {"A,1&&B,1||C,1&&D,1", {{"A", "1"}, {"B", "1"}, {"D", "1"}}, true},
+        // Every requirement met, but the counter runs on past the count: refused.
+        {"A,1&&B,1||C,1&&D,1", {{"A", "1"}, {"B", "1"}, {"D", "1"}, {"D", "2"}}, false},
+    };
+    for (const auto& c : cases) {
+        sheet->MetaListBox.DeleteAllRows();
+        platform = ScriptedPlatform("/p", "/a", "/tmp");
+        for (const auto& [name, level] : c.rows) AddMetaRow(name, {{1, level}});
+        sheet->m_row = -1;
+        sheet->MetaNameField.SetText("New");
+        sheet->MetaPrerequisiteField.SetText(c.text);
+        MetaRecordButton_Action(*sheet);
+        EXPECT_EQ(sheet->MetaListBox.ListCount(), static_cast<int>(c.rows.size()) + c.met)
+            << c.text << " with " << c.rows.size() << " rows";
+        EXPECT_EQ(platform.Messages().size(), c.met ? 0u : 1u) << c.text;
+    }
+    sheet->CharacterInPlayBox.SetValue(true);
+    sheet->SavedExperienceField.SetText("5");
+    sheet->MetaXPCostField.SetText("5");
+    MetaRecordButton_Action(*sheet);
+    EXPECT_EQ(sheet->MetaListBox.ListCount(), 5) << "in play the warning does not refuse";
+    ExpectTexts("SavedExperienceField=0|SpentExperienceField=5");
+}
+
+TEST_F(Metaphysics, RecordingWritesTheRowAndSumsTheBonuses) {
+    AddMetaRow("Ward", {{1, "2"}});
+    Pick("Seer's Eye");
+    MetaUpDownArrows_Up(*sheet);
+    MetaRecordButton_Action(*sheet);
+    EXPECT_EQ(Row(1, 0, 10), "Seer's Eye|3|3|0||ZPR 8|Ward,2|3/0|1/2|3/6|10");
+    EXPECT_EQ(Row(1, 11, 25), "1|0|0|0|0|0|2|0|3|||||1|Beasts");
+    EXPECT_EQ(sheet->m_all_bonuses[0], 3);
+    EXPECT_EQ(sheet->m_all_bonuses[6], 6);
+    EXPECT_EQ(sheet->m_all_bonuses[8], 9);
+    EXPECT_EQ(sheet->m_all_bonuses[13], 3);
+    ExpectTexts("MetaNameField=|MetaXPCostNewField=|MetaMaxLevelField=|StrengthBonus=3");
+    EXPECT_EQ(sheet->m_attributes[6] + sheet->m_row, -1);
+    EXPECT_EQ(sheet->m_bonuspts[5] + sheet->m_altform, "");
+
+    sheet->MetaListBox.SetListIndex(1);
+    MetaListBox_DoubleClick(*sheet);
+    ExpectTexts(
+        "MetaNameField=Seer's Eye|MetaLevelField=3|MetaXPCostNewField=10|"
+        "MetaPrerequisiteField=Ward,2|MetaCostPerLevelField=1/2");
+    EXPECT_EQ(sheet->m_row, 1);
+    EXPECT_EQ(sheet->m_attributes[6], 2);
+    EXPECT_EQ(sheet->m_bonuspts[5], "1");
+    EXPECT_EQ(sheet->m_altform, "Beasts");
+}
+
+TEST_F(Metaphysics, BonusesAreCutRowByRow) {
+    AddMetaRow("A", {{1, "1"}, {11, "0.5"}, {24, "1"}});
+    AddMetaRow("--", {});
+    AddMetaRow("B", {{1, "1"}, {11, "0.5"}});
+    AddMetaRow("C", {{1, "3"}, {12, "1.5"}});
+    MetaGetBonus(*sheet);
+    EXPECT_EQ(sheet->m_all_bonuses[0], 0);
+    EXPECT_EQ(sheet->m_all_bonuses[1], 4);
+    EXPECT_EQ(sheet->m_all_bonuses[13], 1);
+}
+
+TEST_F(Metaphysics, RemovingRenewsTheSumsTheButtonAlsoTheTotals) {
+    AddMetaRow("A", {{1, "2"}, {11, "1"}, {3, "4"}});
+    AddMetaRow("B", {{1, "1"}, {11, "1"}});
+    MetaGetBonus(*sheet);
+    FigureSecondaryAttributes(*sheet);
+    ASSERT_EQ(sheet->StrengthBonus.Text(), "3");
+    sheet->MetaListBox.SetListIndex(0);
+    MetaListBox_KeyDown(*sheet, "\x08");
+    EXPECT_EQ(sheet->m_all_bonuses[0], 1);
+    ExpectTexts("StrengthBonus=3|SavedExperienceField=4|SpentExperienceField=-4");
+    MetaRemoveButton_Action(*sheet);
+    EXPECT_EQ(sheet->m_all_bonuses[0], 0);
+    EXPECT_EQ(sheet->StrengthBonus.Text(), "0");
+    EXPECT_EQ(sheet->MetaListBox.ListCount(), 0);
+}
