@@ -198,3 +198,23 @@ TEST_F(Metaphysics, RemovingRenewsTheSumsTheButtonAlsoTheTotals) {
     EXPECT_EQ(sheet->StrengthBonus.Text(), "0");
     EXPECT_EQ(sheet->MetaListBox.ListCount(), 0);
 }
+
+// Loading and choosing show a broken path's report; changing the type leaves it to the
+// application's handler.
+TEST_F(Metaphysics, FailuresStandWhereEachListPlacesThem) {
+    sheet->QualityPopup.AddRow("Bad 'Name");
+    sheet->QualityPopup.SetText("Bad 'Name");
+    sheet->MetaTypePopup.SetText("Gifts");
+    sheet->MetaPopup.AddRow("Bad \"Name");
+    sheet->MetaPopup.SetText("Bad \"Name");
+    ASSERT_EQ(platform.Messages().size(), 2u);
+    EXPECT_NE(platform.Messages()[0].find(
+                  "\n At node: //qualities/type[@value='']/name[@value='Bad 'Name']/costs"),
+              std::string::npos);
+    EXPECT_NE(platform.Messages()[1].find(
+                  "At node: //metaphysics/type[@value='Gifts']/name[@value=\"Bad \"Name\"]/costs"),
+              std::string::npos);
+    EXPECT_EQ(sheet->MetaNameField.Text(), "Bad \"Name") << "what came before the failure stays";
+    EXPECT_THROW(sheet->QualityTypePopup.SetText("Devil's"), XmlError);
+    EXPECT_THROW(sheet->MetaTypePopup.SetText("Devil's"), XmlError);
+}
