@@ -205,9 +205,13 @@ TEST_F(Qualities, InPlayExperienceAloneDecides) {
 TEST_F(Qualities, AnEditedRowIsChargedTheDifference) {
     Play("20");
     Buy("Iron Will", 1);
+    sheet->QualityListBox.SetCell(0, 11, "2");
+    sheet->QualityListBox.SetCell(0, 26, "5");
     sheet->QualityListBox.SetListIndex(0);
     QualityListBox_DoubleClick(*sheet);
     EXPECT_EQ(sheet->q_row, 0);
+    EXPECT_EQ(sheet->q_attributes[Strength], 2);
+    EXPECT_EQ(sheet->q_bonuspts[9], "5");
     ExpectTexts(
         "QualityNameField=Iron Will|QualityLevelField=1|QualityXPCostField=4|"
         "QualityMaxLevelField=8|QualityCostPerLevelField=1/3|QualityXPCostPerLevelField=4/7");
