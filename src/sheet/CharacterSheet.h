@@ -176,6 +176,7 @@ public:
     // Equipment tab.
     TextItem EquipmentField{items_, "EquipmentField", ItemKind::Styled};
     ComboItem EquipmentTypePopup{items_, "EquipmentTypePopup", ItemKind::Combo};
+    TextItem EquipLabel{items_, "EquipLabel", ItemKind::Label};
 
     // Properties beside the items. Arrays have their upper bound plus one elements.
     std::int64_t mentalBonus = 0;
