@@ -28,6 +28,17 @@ std::string listRowText(const ListItem& list, int row) {
     return text;
 }
 
+// A styled text's runs joined by "|", each after the marks of its styles: "[b]Name|details".
+std::string runsText(const StyledText& styled) {
+    std::vector<std::string> runs;
+    for (const StyleRun& run : styled.runs) {
+        const std::string marks = std::string(run.bold ? "b" : "") + (run.italic ? "i" : "") +
+                                  (run.underline ? "u" : "");
+        runs.push_back((marks.empty() ? "" : "[" + marks + "]") + run.text);
+    }
+    return JoinFields(runs, "|");
+}
+
 std::string itemText(const Item& item) {
     if (auto* text = dynamic_cast<const TextItem*>(&item)) return text->Text();
     if (auto* flag = dynamic_cast<const FlagItem*>(&item)) return boolText(flag->Value());
@@ -181,7 +192,7 @@ void ScriptRunner::doOperation(const std::string& name, const std::string& argum
 
 std::vector<std::pair<std::string, std::string>> ScriptRunner::values(const std::string& name) {
     // NAME, NAME.attribute, NAME[r] or NAME[r].bold
-    static const std::regex shape(R"(^([A-Za-z_][A-Za-z0-9_.]*?)(?:\[(-?\d+)\])?(?:\.(visible|ListIndex|ListCount|rows|heading|bold))?$)");
+    static const std::regex shape(R"(^([A-Za-z_][A-Za-z0-9_.]*?)(?:\[(-?\d+)\])?(?:\.(visible|ListIndex|ListCount|rows|runs|heading|bold))?$)");
     std::smatch parts;
     if (!std::regex_match(name, parts, shape)) throw ScriptError{"cannot read " + name};
     const std::string base = parts[1];
@@ -207,6 +218,7 @@ std::vector<std::pair<std::string, std::string>> ScriptRunner::values(const std:
     Item& target = item(base);
     auto* list = dynamic_cast<ListItem*>(&target);
     auto* combo = dynamic_cast<ComboItem*>(&target);
+    auto* text = dynamic_cast<TextItem*>(&target);
     if (hasRow) {
         if (list == nullptr) throw ScriptError{base + " is not a list"};
         if (row < 0 || row >= list->ListCount()) throw ScriptError{base + " has no row " + parts[2].str()};
@@ -221,6 +233,7 @@ std::vector<std::pair<std::string, std::string>> ScriptRunner::values(const std:
     if (attribute == "ListCount" && combo) return one(Str(combo->ListCount()));
     if (attribute == "rows" && combo) return one(JoinFields(combo->Rows(), "|"));
     if (attribute == "heading" && list) return one(list->Heading(0));
+    if (attribute == "runs" && text) return one(runsText(text->Styled()));
     if (!attribute.empty()) throw ScriptError{"cannot read " + name};
     if (list) {
         std::vector<std::pair<std::string, std::string>> lines;

@@ -2,6 +2,7 @@
 
 #include "rules/AlternateForms.h"
 #include "rules/CharacterTypes.h"
+#include "rules/Equipment.h"
 #include "rules/Metaphysics.h"
 #include "rules/NotesArea.h"
 #include "rules/PointAccounting.h"
@@ -23,6 +24,7 @@ const OperationTable& SheetOperations() {
         AddMetaphysicsOperations(t);
         AddAlternateFormOperations(t);
         AddNotesAreaOperations(t);
+        AddEquipmentOperations(t);
         return t;
     }();
     return table;

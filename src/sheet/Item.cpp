@@ -1,6 +1,9 @@
 #include "sheet/Item.h"
 
+#include <algorithm>
 #include <stdexcept>
+
+#include "text/TextHelpers.h"
 
 namespace zeph {
 
@@ -45,12 +48,65 @@ void Item::Notify(ItemChange change) {
 
 TextItem::TextItem(ItemRegistry& registry, std::string name, ItemKind kind, std::string text,
                    bool visible)
-    : Item(registry, std::move(name), kind, visible), text_(std::move(text)) {}
+    : Item(registry, std::move(name), kind, visible), text_(std::move(text)) {
+    styled_.Append(StyleRun{text_});
+}
 
 void TextItem::SetText(const std::string& text) {
     if (text_ == text) return;
-    text_ = text;
+    StyledText plain;
+    plain.Append(StyleRun{text});
+    change(std::move(plain));
+}
+
+void TextItem::SetStyled(const StyledText& styled) {
+    selStart_ = 0;
+    selLength_ = 0;
+    change(styled);
+}
+
+void TextItem::AppendStyled(const StyledText& more) {
+    StyledText styled = styled_;
+    styled.Append(more);
+    change(std::move(styled));
+}
+
+void TextItem::SetSelection(int start, int length) {
+    const int oldStart = selStart_;
+    const int oldLength = selLength_;
+    selStart_ = std::max(start, 0);
+    selLength_ = std::max(length, 0);
+    clampSelection();
+    if (selStart_ != oldStart || selLength_ != oldLength) Notify(ItemChange::Selection);
+}
+
+void TextItem::ReplaceSelection(const std::string& text) {
+    const std::size_t start = Left(text_, selStart_).size();
+    const std::size_t length = Left(std::string_view(text_).substr(start), selLength_).size();
+    StyledText styled = styled_;
+    styled.Replace(start, length, text);
+    selStart_ += Len(text);
+    selLength_ = 0;
+    change(std::move(styled));
+}
+
+void TextItem::change(StyledText styled) {
+    std::string text = styled.Text();
+    styled_ = std::move(styled);
+    if (text == text_) {
+        Notify(ItemChange::Bold);
+        return;
+    }
+    text_ = std::move(text);
+    // A shorter text takes the selection with it; most items never have one.
+    if (selStart_ + selLength_ > 0) clampSelection();
     Notify(ItemChange::Text);
+}
+
+void TextItem::clampSelection() {
+    const int textLength = Len(text_);
+    selStart_ = std::min(selStart_, textLength);
+    selLength_ = std::min(selLength_, textLength - selStart_);
 }
 
 FlagItem::FlagItem(ItemRegistry& registry, std::string name, bool value, ItemKind kind)

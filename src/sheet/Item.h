@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "sheet/StyledText.h"
+
 namespace zeph {
 
 // A toggle is a flag pressed by a click whose own operation decides the state it ends in.
@@ -58,17 +60,38 @@ private:
     int nextToken_ = 0;
 };
 
-// Text, number, styled and label items: one text.
+// Text, number, styled and label items: one text, also held as style runs. Only a styled item
+// is given styles, and a selection for its editing; positions and lengths count characters.
 class TextItem : public Item {
 public:
     TextItem(ItemRegistry& registry, std::string name, ItemKind kind = ItemKind::Text,
              std::string text = "", bool visible = true);
     const std::string& Text() const { return text_; }
-    // Notifies only when the text really changes.
+    // Notifies only when the text really changes; the new text is one plain run.
     void SetText(const std::string& text);
 
+    const StyledText& Styled() const { return styled_; }
+    // Replaces text and styles, with an empty selection at the start.
+    void SetStyled(const StyledText& styled);
+    // Adds at the end, whatever the selection, which stays as it was.
+    void AppendStyled(const StyledText& more);
+    int SelStart() const { return selStart_; }
+    int SelLength() const { return selLength_; }
+    // Clamped to the text.
+    void SetSelection(int start, int length);
+    // Puts the text in place of the selection as typing does: in the style of the character
+    // before it, with the insertion point after it.
+    void ReplaceSelection(const std::string& text);
+
 private:
+    // Takes the new runs; tells a new text as such, and otherwise a change of styles.
+    void change(StyledText styled);
+    void clampSelection();
+
     std::string text_;
+    StyledText styled_;
+    int selStart_ = 0;
+    int selLength_ = 0;
 };
 
 // Flags and toggles.
