@@ -3,12 +3,14 @@
 #include "rules/AlternateForms.h"
 #include "rules/CharacterTypes.h"
 #include "rules/Equipment.h"
+#include "rules/MartialMoves.h"
 #include "rules/Metaphysics.h"
 #include "rules/NotesArea.h"
 #include "rules/PointAccounting.h"
 #include "rules/Qualities.h"
 #include "rules/QualityBonuses.h"
 #include "rules/SecondaryAttributes.h"
+#include "rules/Skills.h"
 
 namespace zeph {
 
@@ -22,6 +24,8 @@ const OperationTable& SheetOperations() {
         AddQualityBonusOperations(t);
         AddQualityOperations(t);
         AddMetaphysicsOperations(t);
+        AddSkillOperations(t);
+        AddMartialMoveOperations(t);
         AddAlternateFormOperations(t);
         AddNotesAreaOperations(t);
         AddEquipmentOperations(t);

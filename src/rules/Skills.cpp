@@ -1,0 +1,278 @@
+#include "rules/Skills.h"
+
+#include <optional>
+#include <stdexcept>
+
+#include "platform/Platform.h"
+#include "ruledata/RuleData.h"
+#include "rules/EntryLists.h"
+#include "rules/SecondaryAttributes.h"
+#include "sheet/CharacterSheet.h"
+#include "text/TextHelpers.h"
+
+namespace zeph {
+namespace {
+
+std::string skillPath(CharacterSheet& sheet) {
+    return "//skills/category[@value='" + sheet.SkillCategoryPopup.Text() + "']/name[@value='" +
+           sheet.SkillPopup.Text() + "']";
+}
+
+bool isMartial(const std::string& name) { return InStr(name, "Martial Arts") > 0; }
+bool isLucid(const std::string& name) { return InStr(name, "Lucid Dream") > 0; }
+
+// The price of level `level` of a skill of the cost class `type`: in experience (with the
+// extra of a first level) or in creation points (dearer from level 6). An unknown class
+// prices nothing.
+std::optional<double> levelPrice(const std::string& type, double level, bool firstLevel,
+                                 bool inPlay) {
+    struct Prices {
+        const char* type;
+        double perLevel, plus, times, firstExtra, low, high;
+    };
+    // In play a level costs (L + plus) x times; in creation, `low` below level 6, else `high`.
+    static const Prices kPrices[] = {{"Regular", 1, 0, 1, 5, 1, 3},
+                                     {"Special", 1, 1, 1, 6, 2, 5},
+                                     {"Cinematic", 1, 0, 2, 3, 1, 3}};
+    for (const Prices& p : kPrices) {
+        if (!EqualsNoCase(type, p.type)) continue;
+        if (!inPlay) return level < 6 ? p.low : p.high;
+        return (level * p.perLevel + p.plus) * p.times + (firstLevel ? p.firstExtra : 0);
+    }
+    return std::nullopt;
+}
+
+void addLevelPrice(CharacterSheet& sheet, double level, bool firstLevel, double sign) {
+    const bool inPlay = sheet.CharacterInPlayBox.Value();
+    if (auto price = levelPrice(sheet.SkillTypeCombo.Text(), level, firstLevel, inPlay))
+        AddToNumber(inPlay ? sheet.SkillXPCostField : sheet.SkillCostField, sign * *price);
+}
+
+// The moves list is stored last row first, as "name,level,experience".
+void storeMoves(CharacterSheet& sheet) {
+    ListItem& moves = sheet.SkillMartialVisualListBox;
+    if (!moves.Visible()) return;
+    std::vector<std::string>& store = EqualsNoCase(moves.Heading(0), "Visualization")
+                                          ? sheet.visualizations
+                                          : sheet.martialmaneuvers;
+    store.clear();
+    for (int row = moves.ListCount() - 1; row >= 0; --row)
+        store.push_back(moves.Cell(row, 0) + "," + moves.Cell(row, 1) + "," + moves.Cell(row, 2));
+    moves.DeleteAllRows();
+    moves.SetVisible(false);
+}
+
+// Reopens the stored moves; the stored order is reversed again, so the list comes back as it was.
+void reopenMoves(CharacterSheet& sheet, const std::vector<std::string>& store, bool markBasic) {
+    ListItem& moves = sheet.SkillMartialVisualListBox;
+    for (auto element = store.rbegin(); element != store.rend(); ++element) {
+        moves.AddRow(NthField(*element, ",", 1));
+        const int row = moves.LastIndex();
+        moves.SetCell(row, 1, NthField(*element, ",", 2));
+        if (markBasic && InStr(*element, "*") > 0) {
+            moves.SetCellBold(row, 0, true);
+            moves.SetCellBold(row, 1, true);
+        }
+        moves.SetCell(row, 2, NthField(*element, ",", 3));
+    }
+}
+
+}  // namespace
+
+void LoadSkillCategories(CharacterSheet& sheet) {
+    try {
+        sheet.SkillCategoryPopup.DeleteAllRows();
+        AddValueChoices(sheet.SkillCategoryPopup, sheet.Rules().Query("//skills/category"));
+    } catch (const XmlError& failure) {
+        sheet.ShowXmlFailure(failure);
+    }
+}
+
+void SkillCategoryPopup_Change(CharacterSheet& sheet) {
+    // No handler of its own: a failure goes to the application's.
+    XmlNodeList names = sheet.Rules().Query("//skills/category[@value='" +
+                                            sheet.SkillCategoryPopup.Text() + "']/name");
+    sheet.SkillPopup.DeleteAllRows();
+    AddValueChoices(sheet.SkillPopup, names);
+}
+
+void PopulateSkillInfo(CharacterSheet& sheet) {
+    const RuleData& rules = sheet.Rules();
+    try {
+        sheet.SkillNameField.SetText(sheet.SkillPopup.Text());
+        const std::string path = skillPath(sheet);
+        sheet.SkillReferenceField.SetText(rules.Leaf(path + "/pagereference").value_or(""));
+        sheet.SkillLevelField.SetText("0");
+        sheet.SkillCostField.SetText("0");
+        sheet.SkillXPCostField.SetText("0");
+        auto type = rules.Record(path + "/type");
+        sheet.SkillTypeCombo.SetText(type ? type->Attribute("value") : "");
+        sheet.SkillNotesField.SetText(rules.Leaf(path + "/notes").value_or(""));
+
+        sheet.SkillSelectPopup.DeleteAllRows();
+        if (auto typelist = rules.Leaf(path + "/typelist"))
+            for (int f = 1; f <= CountFields(*typelist, ","); ++f)
+                sheet.SkillSelectPopup.AddRow(NthField(*typelist, ",", f));
+
+        ListItem& moves = sheet.SkillMartialVisualListBox;
+        moves.DeleteAllRows();
+        moves.SetVisible(false);
+        const std::string& name = sheet.SkillNameField.Text();
+        if (isMartial(name) || isLucid(name)) moves.SetVisible(true);
+        if (isMartial(name)) moves.SetHeading(0, "Martial Maneuver");
+        if (isLucid(name)) moves.SetHeading(0, "Visualization");
+        sheet.s_row = -1;
+    } catch (const XmlError& failure) {
+        sheet.ShowXmlFailure(failure);
+    }
+}
+
+void SkillSelectPopup_Change(CharacterSheet& sheet) {
+    const std::string choice = sheet.SkillSelectPopup.Text();
+    sheet.SkillNameField.SetText(NthField(sheet.SkillNameField.Text(), "(", 1) + "(" + choice +
+                                 ")");
+    if (!isMartial(sheet.SkillNameField.Text())) return;
+
+    // No handler here: a failure, and a style whose basic moves are empty, go to the application's.
+    const RuleData& rules = sheet.Rules();
+    const std::string style = "//martialstyles/name[@value=\"" + choice + "\"]";
+    if (rules.Query(style).Empty()) return;
+    XmlNodeList basic = rules.Query(style + "/basicmoves");
+    if (basic.Empty()) return;
+    ListItem& moves = sheet.SkillMartialVisualListBox;
+    moves.DeleteAllRows();
+    auto names = basic.Item(0).FirstChildValue();
+    if (!names) throw std::runtime_error("The basic moves of " + choice + " are empty.");
+    for (int f = 1; f <= CountFields(*names, ","); ++f) {
+        moves.AddRow("*" + NthField(*names, ",", f));
+        const int row = moves.LastIndex();
+        moves.SetCell(row, 1, sheet.SkillLevelField.Text());
+        moves.SetCellBold(row, 0, true);
+        moves.SetCellBold(row, 1, true);
+    }
+}
+
+void SkillSpecialtyButton_Action(CharacterSheet& sheet) {
+    const bool cinematic = EqualsNoCase(sheet.SkillTypeCombo.Text(), "Cinematic");
+    if (cinematic) {
+        sheet.Host().MsgBox("Cinematic Unisystem skills cannot have specialties.");
+        return;
+    }
+    if (sheet.SkillNameField.Text().empty()) return;
+    AddToNumber(sheet.SkillLevelField, 2);
+    sheet.SkillNameField.SetText(sheet.SkillNameField.Text() + " (Specialty)");
+    if (sheet.CharacterInPlayBox.Value())
+        AddToNumber(sheet.SkillXPCostField, 6);
+    else
+        AddToNumber(sheet.SkillCostField, 1);
+}
+
+void SkillUpDownArrows1_Up(CharacterSheet& sheet) {
+    const double level = Val(sheet.SkillLevelField.Text()) + 1;
+    sheet.SkillLevelField.SetText(Str(level));
+    addLevelPrice(sheet, level, sheet.SkillLevelField.Text() == "1", +1);
+}
+
+void SkillUpDownArrows1_Down(CharacterSheet& sheet) {
+    const double level = Val(sheet.SkillLevelField.Text()) - 1;
+    sheet.SkillLevelField.SetText(Str(level));
+    if (level < 0) {
+        sheet.SkillLevelField.SetText("0");
+        return;
+    }
+    // Gives back what Up charged to reach the level just left.
+    addLevelPrice(sheet, level + 1, sheet.SkillLevelField.Text() == "0", -1);
+}
+
+void SkillRecordButton_Action(CharacterSheet& sheet) {
+    ListItem& list = sheet.SkillListBox;
+    auto target =
+        StartRecord(sheet, list, true, sheet.s_row, sheet.SkillXPCostField, sheet.SkillNameField);
+    if (!target) return;
+    const int row = *target;
+    MoveIntoCell(sheet.SkillLevelField, list, row, 1);
+    MoveIntoCell(sheet.SkillCostField, list, row, 2);
+    MoveIntoCell(sheet.SkillXPCostField, list, row, 3);
+    list.SetCell(row, 4, LineEndsToBlanks(sheet.SkillNotesField.Text()));
+    sheet.SkillNotesField.SetText("");
+    MoveIntoCell(sheet.SkillReferenceField, list, row, 5);
+    list.SetCell(row, 6, sheet.SkillTypeCombo.Text());
+    sheet.SkillTypeCombo.SetText("");
+    list.SetCell(row, 7, JoinFields(sheet.SkillSelectPopup.Rows(), ","));
+    storeMoves(sheet);
+    sheet.s_row = -1;
+    FigureSecondaryAttributes(sheet);
+}
+
+void SkillListBox_DoubleClick(CharacterSheet& sheet) {
+    ListItem& list = sheet.SkillListBox;
+    sheet.s_row = SelectedRowOr(list, sheet.s_row);
+    const int row = static_cast<int>(sheet.s_row);
+    const std::pair<TextItem*, int> fields[] = {
+        {&sheet.SkillNameField, 0},   {&sheet.SkillLevelField, 1}, {&sheet.SkillCostField, 2},
+        {&sheet.SkillXPCostField, 3}, {&sheet.SkillNotesField, 4}, {&sheet.SkillReferenceField, 5}};
+    for (const auto& [field, column] : fields) field->SetText(list.Cell(row, column));
+    sheet.SkillTypeCombo.SetText(list.Cell(row, 6));
+
+    sheet.SkillSelectPopup.DeleteAllRows();
+    const std::string& subTypes = list.Cell(row, 7);
+    for (int f = 1; f <= CountFields(subTypes, ","); ++f)
+        sheet.SkillSelectPopup.AddRow(NthField(subTypes, ",", f));
+
+    ListItem& moves = sheet.SkillMartialVisualListBox;
+    const std::string name = sheet.SkillNameField.Text();
+    if (!isMartial(name) && !isLucid(name)) {
+        moves.SetVisible(false);
+        return;
+    }
+    moves.SetVisible(true);
+    moves.DeleteAllRows();
+    if (isMartial(name)) {
+        moves.SetHeading(0, "Combat Move");
+        reopenMoves(sheet, sheet.martialmaneuvers, true);
+    }
+    if (isLucid(name)) {
+        moves.SetHeading(0, "Visualization");
+        reopenMoves(sheet, sheet.visualizations, false);
+    }
+}
+
+void SkillListBoxDeleteRow(CharacterSheet& sheet) {
+    DeleteSelectedRowsWithRefund(sheet, sheet.SkillListBox);
+}
+
+void SkillRemoveButton_Action(CharacterSheet& sheet) {
+    SkillListBoxDeleteRow(sheet);
+    FigureSecondaryAttributes(sheet);
+}
+
+void SkillListBox_KeyDown(CharacterSheet& sheet, const std::string& key) {
+    // Lighter than the button on purpose: the totals wait for the next recomputation.
+    if (IsDeleteKey(key)) SkillListBoxDeleteRow(sheet);
+}
+
+void SkillSeparator_Action(CharacterSheet& sheet) { AddSeparatorRow(sheet.SkillListBox); }
+
+void AddSkillOperations(OperationTable& table) {
+    AddOperation(table, "LoadSkillCategories", LoadSkillCategories);
+    AddOperation(table, "SkillCategoryPopup_MouseDown", LoadSkillCategories);
+    AddOperation(table, "SkillCategoryPopup_Change", SkillCategoryPopup_Change);
+    AddOperation(table, "SkillPopup_MouseDown", PopulateSkillInfo);
+    AddOperation(table, "SkillPopup_Change", PopulateSkillInfo);
+    AddOperation(table, "PopulateSkillInfo", PopulateSkillInfo);
+    AddOperation(table, "SkillSelectPopup_Change", [](CharacterSheet& sheet) {
+        // Emptying the sub-types leaves none chosen, which must not rename the skill "Name()".
+        if (sheet.SkillSelectPopup.ListIndex() >= 0) SkillSelectPopup_Change(sheet);
+    });
+    AddOperation(table, "SkillSpecialtyButton_Action", SkillSpecialtyButton_Action);
+    AddOperation(table, "SkillUpDownArrows1_Up", SkillUpDownArrows1_Up);
+    AddOperation(table, "SkillUpDownArrows1_Down", SkillUpDownArrows1_Down);
+    AddOperation(table, "SkillRecordButton_Action", SkillRecordButton_Action);
+    AddOperation(table, "SkillListBox_DoubleClick", SkillListBox_DoubleClick);
+    AddOperation(table, "SkillListBoxDeleteRow", SkillListBoxDeleteRow);
+    AddOperation(table, "SkillRemoveButton_Action", SkillRemoveButton_Action);
+    AddOperationWithArgument(table, "SkillListBox_KeyDown", SkillListBox_KeyDown);
+    AddOperation(table, "SkillSeparator_Action", SkillSeparator_Action);
+}
+
+}  // namespace zeph

@@ -1,0 +1,251 @@
+#include "rules/Skills.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "rules/MartialMoves.h"
+#include "support/SheetFixture.h"
+
+using namespace zeph;
+using zeph::testing::SheetTest;
+
+class Skills : public SheetTest {
+  protected:
+    void SetUp() override { UseSample(); }
+    // As the user opens the lists and chooses; opening the skills list fills the buffer anew.
+    void Pick(const std::string& category, const std::string& skill) {
+        sheet->SkillCategoryPopup.SetText(category);
+        sheet->SkillPopup.SetText(skill);
+        PopulateSkillInfo(*sheet);
+    }
+    void Press(void (*arrow)(CharacterSheet&), int times) {
+        for (int i = 0; i < times; ++i) arrow(*sheet);
+    }
+    void Menu(const std::string& item) {
+        SkillMartialVisualListBox_ContextualMenuAction(*sheet, item);
+    }
+    std::string Moves() {
+        std::string out;
+        const ListItem& moves = sheet->SkillMartialVisualListBox;
+        for (int r = 0; r < moves.ListCount(); ++r)
+            out += moves.Cell(r, 0) + "," + moves.Cell(r, 1) + "," + moves.Cell(r, 2) +
+                   (moves.CellBold(r, 0) && moves.CellBold(r, 1) ? "B;" : ";");
+        return out;
+    }
+    void InPlay(const char* saved) {
+        sheet->CharacterInPlayBox.SetValue(true);
+        sheet->SavedExperienceField.SetText(saved);
+    }
+};
+
+TEST_F(Skills, LevelsArePricedByClassAndModeAndGivenBackExactly) {
+    const struct {
+        const char* type;
+        bool inPlay;
+        int from, to;
+        const char* cost;
+    } cases[] = {{"Regular", true, 0, 1, "6"},    {"Special", true, 0, 1, "8"},
+                 {"cinematic", true, 0, 1, "5"},  {"Regular", true, 0, 3, "11"},
+                 {"Special", true, 2, 3, "4"},    {"Cinematic", true, 2, 3, "6"},
+                 {"Regular", false, 5, 6, "3"},   {"Special", false, 5, 6, "5"},
+                 {"Cinematic", false, 5, 6, "3"}, {"Special", false, 0, 5, "10"},
+                 {"Other", false, 0, 2, "0"}};
+    for (const auto& c : cases) {
+        sheet->CharacterInPlayBox.SetValue(c.inPlay);
+        Pick("Combat", "Brawling");
+        sheet->SkillTypeCombo.SetText(c.type);
+        Press(SkillUpDownArrows1_Up, c.from);
+        sheet->SkillCostField.SetText("0");
+        sheet->SkillXPCostField.SetText("0");
+        Press(SkillUpDownArrows1_Up, c.to - c.from);
+        TextItem& moved = c.inPlay ? sheet->SkillXPCostField : sheet->SkillCostField;
+        TextItem& still = c.inPlay ? sheet->SkillCostField : sheet->SkillXPCostField;
+        EXPECT_EQ(moved.Text() + "/" + still.Text(), std::string(c.cost) + "/0")
+            << c.type << " " << c.from << "->" << c.to;
+        EXPECT_EQ(sheet->SkillLevelField.Text(), std::to_string(c.to));
+        Press(SkillUpDownArrows1_Down, c.to - c.from);
+        EXPECT_EQ(moved.Text(), "0") << c.type << " back to " << c.from;
+    }
+    Press(SkillUpDownArrows1_Down, 4);
+    ExpectTexts("SkillLevelField=0|SkillCostField=0");
+}
+
+TEST_F(Skills, SpecialtiesAndSubTypes) {
+    Pick("Combat", "Guns");
+    EXPECT_EQ(sheet->SkillSelectPopup.Rows(),
+              (std::vector<std::string>{"Handgun", "Rifle", "Shotgun"}));
+    SkillSpecialtyButton_Action(*sheet);
+    ExpectTexts("SkillNameField=Guns (Specialty)|SkillLevelField=2|SkillCostField=1");
+    sheet->SkillSelectPopup.SetText("Rifle");
+    ExpectTexts("SkillNameField=Guns (Rifle)|SkillLevelField=2|SkillCostField=1");
+    sheet->CharacterInPlayBox.SetValue(true);
+    SkillSpecialtyButton_Action(*sheet);
+    ExpectTexts("SkillNameField=Guns (Rifle) (Specialty)|SkillLevelField=4|SkillXPCostField=6");
+
+    Pick("Combat", "Ricochet Shot");
+    SkillSpecialtyButton_Action(*sheet);
+    sheet->SkillNameField.SetText("");
+    SkillSpecialtyButton_Action(*sheet);
+    EXPECT_EQ(platform.Messages(),
+              std::vector<std::string>(2, "Cinematic Unisystem skills cannot have specialties."));
+    ExpectTexts("SkillLevelField=0|SkillXPCostField=0");
+    sheet->SkillTypeCombo.SetText("Regular");
+    SkillSpecialtyButton_Action(*sheet);
+    ExpectTexts("SkillLevelField=0|SkillNameField=");
+}
+
+TEST_F(Skills, RecordingInPlayMovesExperienceFirst) {
+    InPlay("10");
+    Pick("Social", "Persuasion");
+    SkillUpDownArrows1_Up(*sheet);
+    sheet->SkillNotesField.SetText("two\nlines");
+    SkillRecordButton_Action(*sheet);
+    EXPECT_EQ(sheet->SkillListBox.Cell(0, 3) + "|" + sheet->SkillListBox.Cell(0, 4), "6|two lines");
+    ExpectTexts("SavedExperienceField=4|SpentExperienceField=6|SkillNameField=");
+    EXPECT_EQ(sheet->SkillTypeCombo.Text(), "");
+
+    sheet->SkillListBox.SetListIndex(0);
+    SkillListBox_DoubleClick(*sheet);
+    SkillUpDownArrows1_Down(*sheet);
+    SkillRecordButton_Action(*sheet);
+    ExpectTexts("SavedExperienceField=10|SpentExperienceField=0");  // the edit gives back 6
+
+    Pick("Social", "Persuasion");
+    SkillUpDownArrows1_Up(*sheet);
+    sheet->SavedExperienceField.SetText("5");
+    SkillRecordButton_Action(*sheet);  // short: nothing, no word
+    sheet->SkillNameField.SetText("");
+    sheet->SavedExperienceField.SetText("7");
+    SkillRecordButton_Action(*sheet);  // no name: the experience moves all the same
+    ExpectTexts("SavedExperienceField=1|SpentExperienceField=6");
+    EXPECT_EQ(sheet->SkillListBox.ListCount(), 1);
+    EXPECT_TRUE(platform.Messages().empty());
+}
+
+TEST_F(Skills, RowsComeBackAndGo) {
+    sheet->SkillNameField.SetText("Typed");
+    EXPECT_THROW(SkillRecordButton_Action(*sheet), std::out_of_range) << "a new sheet edits row 0";
+    Pick("Knowledge", "Language");
+    SkillSeparator_Action(*sheet);
+    SkillRecordButton_Action(*sheet);
+    sheet->SkillListBox.SetCell(1, 3, "4");
+    sheet->SkillListBox.SetListIndex(0);
+    SkillListBox_DoubleClick(*sheet);
+    EXPECT_EQ(sheet->SkillNameField.Text(), "--");
+    EXPECT_TRUE(sheet->SkillSelectPopup.Rows().empty());
+    sheet->SkillListBox.SetListIndex(1);
+    SkillListBox_DoubleClick(*sheet);
+    EXPECT_EQ(sheet->SkillSelectPopup.Rows(),
+              (std::vector<std::string>{"Latin", "Greek", "Aramaic"}));
+    EXPECT_EQ(sheet->s_row, 1);
+
+    SkillListBox_KeyDown(*sheet, "\x08");
+    ExpectTexts("SavedExperienceField=4|SpentExperienceField=-4");
+    EXPECT_EQ(sheet->SkillListBox.ListIndex(), 0);
+    sheet->SkillListBox.SetListIndex(-1);
+    SkillRemoveButton_Action(*sheet);
+    EXPECT_EQ(sheet->SkillListBox.ListCount(), 1) << "nothing selected: nothing removed";
+    EXPECT_EQ(sheet->SkillListBox.ListIndex(), 0);
+}
+
+TEST_F(Skills, TheFreePoolOfEachMode) {
+    Pick("Combat", "Martial Arts");
+    Press(SkillUpDownArrows1_Up, 2);
+    sheet->SkillSelectPopup.SetText("Stone Palm");
+    Menu("Sweep");
+    Menu("Throw");
+    sheet->SkillMartialVisualListBox.SetListIndex(2);
+    Menu("Increase +");
+    Menu("Increase +");  // the cap is the skill's level
+    EXPECT_EQ(Moves(), "*Punch,2,B;*Block,2,B;Sweep,2,;Throw,1,;");
+    Menu("Decrease +");                        // the menu's item is bought as a move of that name
+    for (int i = 0; i < 3; ++i) Menu("Kick");  // duplicates too; the third finds no free point
+    EXPECT_EQ(Moves(), "*Punch,2,B;*Block,2,B;Sweep,2,;Throw,1,;Decrease +,1,;Kick,1,;Kick,1,;");
+    EXPECT_EQ(platform.Messages(),
+              std::vector<std::string>{"You don't have enough points to buy this."});
+    sheet->SkillMartialVisualListBox.SetListIndex(0);
+    Menu("Toggle Basic Move");
+    EXPECT_EQ(Moves().substr(0, 9), "Punch,2,;");
+    Menu("toggle basic move");
+    EXPECT_EQ(Moves().substr(0, 11), "*Punch,2,B;");
+
+    Pick("Esoteric", "Lucid Dream");
+    Press(SkillUpDownArrows1_Up, 3);
+    Menu("Mirror Hall");
+    sheet->SkillMartialVisualListBox.SetListIndex(0);
+    for (int i = 0; i < 6; ++i) Menu("Increase +");
+    EXPECT_EQ(Moves(), "Mirror Hall,6,;");
+    Menu("Increase +");  // 12 free points, cap 6
+    EXPECT_EQ(Moves(), "Mirror Hall,6,;");
+}
+
+TEST_F(Skills, PastThePoolMovesAreBoughtWithExperience) {
+    InPlay("5.5");
+    Pick("Esoteric", "Lucid Dream");
+    Menu("Falling Sky");  // more than 5 passes, at a price of 6
+    EXPECT_EQ(Moves(), "Falling Sky,1,6;");
+    ExpectTexts("SavedExperienceField=-0.5|SpentExperienceField=6");
+    sheet->SavedExperienceField.SetText("10");
+    sheet->SkillMartialVisualListBox.SetListIndex(0);
+    Menu("Increase +");  // level 0 caps every row, without a word
+    EXPECT_EQ(Moves(), "Falling Sky,1,6;");
+
+    sheet->SkillLevelField.SetText("1");  // 4 free points, a cap of 2
+    Menu("Increase +");
+    Menu("Falling Sky");  // duplicates are not refused
+    Menu("Silent Garden");
+    sheet->SkillMartialVisualListBox.SetListIndex(1);
+    Menu("Increase +");  // the pool is spent: the new level is paid
+    EXPECT_EQ(Moves(), "Falling Sky,2,6;Falling Sky,2,2;Silent Garden,1,;");
+    ExpectTexts("SavedExperienceField=8|SpentExperienceField=8");
+    Menu("Decrease -");
+    EXPECT_EQ(Moves(), "Falling Sky,2,6;Falling Sky,1,0;Silent Garden,1,;");
+    sheet->SkillMartialVisualListBox.SetListIndex(0);
+    Menu("Delete Item");
+    ExpectTexts("SavedExperienceField=16|SpentExperienceField=0");
+    EXPECT_TRUE(platform.Messages().empty());
+    sheet->CharacterInPlayBox.SetValue(false);
+    sheet->SkillLevelField.SetText("0");
+    Menu("Increase +");
+    EXPECT_EQ(platform.Messages(),
+              std::vector<std::string>{"You don't have enough points to buy this level."});
+}
+
+TEST_F(Skills, TheMenuOffersTheStyleSpecialMovesOrAllMoves) {
+    const struct {
+        const char* name;
+        const char* heading;
+        const char* offered;
+    } cases[] = {
+        {"Martial Arts(River Fist)", "Combat Move", "Flowing Strike|Joint Lock|Disarm"},
+        {"Martial Arts(River Fist) (Specialty)", "Martial Maneuver",
+         "Punch|Kick|Block|Dodge|Sweep|Throw|Disarm|Joint Lock|Crane Step|Flowing Strike"},
+        {"Lucid Dream", "Visualization", "Mirror Hall|Falling Sky|Burning Door|Silent Garden"}};
+    for (const auto& c : cases) {
+        sheet->SkillNameField.SetText(c.name);
+        sheet->SkillMartialVisualListBox.SetHeading(0, c.heading);
+        auto items = SkillMartialVisualListBox_ConstructContextualMenu(*sheet);
+        const auto separator = std::find(items.begin(), items.end(), "-");
+        EXPECT_EQ(JoinFields(std::vector<std::string>(separator + 1, items.end()), "|"), c.offered)
+            << c.name;
+        EXPECT_EQ(separator - items.begin(), std::string(c.heading) == "Visualization" ? 3 : 4);
+    }
+}
+
+TEST_F(Skills, FailuresStandWhereEachOperationPlacesThem) {
+    UseRules(
+        "<zephalondata><skills><category value=\"C\"><name value=\"Martial Arts\"/></category>"
+        "</skills><martialstyles><name value=\"Bare\"><basicmoves/></name></martialstyles>"
+        "</zephalondata>");
+    sheet->SkillPopup.AddRow("O'Neil");
+    sheet->SkillPopup.SetText("O'Neil");
+    ASSERT_EQ(platform.Messages().size(), 1u);
+    EXPECT_NE(
+        platform.Messages()[0].find("At node: //skills/category[@value='']/name[@value='O'Neil']"),
+        std::string::npos);
+    EXPECT_THROW(sheet->SkillCategoryPopup.SetText("It's"), XmlError);
+    sheet->SkillNameField.SetText("Martial Arts");
+    sheet->SkillSelectPopup.AddRow("Bare");
+    EXPECT_THROW(sheet->SkillSelectPopup.SetText("Bare"), std::runtime_error);
+}
