@@ -66,9 +66,12 @@ void TextItem::SetStyled(const StyledText& styled) {
 }
 
 void TextItem::AppendStyled(const StyledText& more) {
-    StyledText styled = styled_;
-    styled.Append(more);
-    change(std::move(styled));
+    // In place: adding to a long text costs what is added, not the whole text again.
+    const std::string added = more.Text();
+    if (added.empty()) return;
+    styled_.Append(more);
+    text_ += added;
+    Notify(ItemChange::Text);
 }
 
 void TextItem::SetSelection(int start, int length) {
