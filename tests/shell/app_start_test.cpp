@@ -13,6 +13,7 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QTabWidget>
+#include <QTextCursor>
 #include <QTextEdit>
 #include <QTimer>
 #include <QTreeWidget>
@@ -229,8 +230,16 @@ TEST_F(AppStart, UserEditsOfEachKindWriteTheirItems) {
     type(widget<QLineEdit>("HairField"), "red");
     EXPECT_EQ(sheet().HairField.Text(), "red");
 
-    widget<QTextEdit>("EquipmentField")->setPlainText("rope");
-    EXPECT_EQ(sheet().EquipmentField.Text(), "rope");
+    sheet().EquipmentField.SetStyled(StyledText{{StyleRun{"Rope", true}, StyleRun{"\n"}}});
+    auto* equipment = widget<QTextEdit>("EquipmentField");
+    equipment->moveCursor(QTextCursor::End);
+    equipment->insertPlainText("15 m");
+    EXPECT_EQ(sheet().EquipmentField.Text(), "Rope\n15 m");
+    ASSERT_EQ(sheet().EquipmentField.Styled().runs.size(), 2u);
+    EXPECT_TRUE(sheet().EquipmentField.Styled().runs[0].bold) << "the name stays bold";
+    EXPECT_FALSE(sheet().EquipmentField.Styled().runs[1].bold);
+    widget<QPushButton>("EncumButton")->click();
+    EXPECT_TRUE(equipment->toPlainText().contains("15 mLifting Capacity = 0lbs /0kg."));
 
     widget<QCheckBox>("OptionalSkillPointBox")->click();
     EXPECT_TRUE(sheet().OptionalSkillPointBox.Value());

@@ -6,11 +6,14 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
 #include <QTabWidget>
 #include <QTimer>
 #include <QVBoxLayout>
 
 #include "sheet/CharacterSheet.h"
+#include "rules/Equipment.h"
 #include "rules/SheetOperations.h"
 #include "shell/gui/CoreCall.h"
 #include "shell/gui/ItemBinding.h"
@@ -73,6 +76,7 @@ CharWindow::CharWindow(std::unique_ptr<CharacterSheet> sheet, QWidget* parent)
     layout->addWidget(info);
     setCentralWidget(central);
 
+    runOperation("EquipLabel_Open");
     binder_->ShowAll();
     showTitle();
     setMinimumSize(640, 500);
@@ -327,11 +331,32 @@ QWidget* CharWindow::descriptionTab() {
 QWidget* CharWindow::equipmentTab() {
     auto* type = new QFormLayout;
     type->addRow("Equipment Type:", bound("EquipmentTypePopup"));
+    auto* encumbrance = new QPushButton("Calculate Lifting Cap/Encumbrance");
+    encumbrance->setObjectName("EncumButton");
+    connect(encumbrance, &QPushButton::clicked, this,
+            [this] { runOperation("EncumButton_Action"); });
+
+    // The field's context menu offers the items of the chosen type.
+    QWidget* field = bound("EquipmentField");
+    field->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(field, &QWidget::customContextMenuRequested, this, [this, field](const QPoint& at) {
+        QMenu menu;
+        call([&] {
+            for (const std::string& item : EquipmentField_ConstructContextualMenu(*sheet_))
+                menu.addAction(QString::fromStdString(item));
+        });
+        if (QAction* chosen = menu.exec(field->mapToGlobal(at)))
+            call([&] {
+                EquipmentField_ContextualMenuAction(*sheet_, chosen->text().toStdString());
+            });
+    });
 
     auto* page = new QWidget;
     auto* layout = new QVBoxLayout(page);
+    layout->addWidget(bound("EquipLabel"));
     layout->addLayout(type);
-    layout->addWidget(bound("EquipmentField"), 1);
+    layout->addWidget(encumbrance, 0, Qt::AlignLeft);
+    layout->addWidget(field, 1);
     return page;
 }
 

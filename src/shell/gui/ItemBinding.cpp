@@ -9,6 +9,9 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
 #include <QTextEdit>
 #include <QTimer>
 #include <QTreeWidget>
@@ -70,21 +73,53 @@ class LabelBinding : public ItemBinding {
     QLabel& label_;
 };
 
+// The runs that a styled edit shows: one per fragment of one style, a line end between
+// paragraphs. Bold, italic and underline are carried; fonts, sizes and colours not yet.
+StyledText runsShown(const QTextDocument& document) {
+    StyledText styled;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        if (block != document.begin()) styled.Append(StyleRun{"\n"});
+        for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
+            const QTextCharFormat format = piece.fragment().charFormat();
+            StyleRun run{piece.fragment().text().toStdString(), format.fontWeight() >= QFont::Bold};
+            run.italic = format.fontItalic();
+            run.underline = format.fontUnderline();
+            styled.Append(run);
+        }
+    }
+    return styled;
+}
+
+bool sameRuns(const StyledText& a, const StyledText& b) {
+    return std::equal(a.runs.begin(), a.runs.end(), b.runs.begin(), b.runs.end(),
+                      [](const StyleRun& x, const StyleRun& y) {
+                          return x.text == y.text && x.bold == y.bold && x.italic == y.italic &&
+                                 x.underline == y.underline;
+                      });
+}
+
 class StyledBinding : public ItemBinding {
   public:
     StyledBinding(CharacterSheet& sheet, TextItem& item, QTextEdit& edit, CoreCall call)
         : ItemBinding(sheet, item, edit, std::move(call)), item_(item), edit_(edit) {
         edit.setAcceptRichText(false);
         connect(&edit, &QTextEdit::textChanged, this,
-                [this] { write([&] { item_.SetText(edit_.toPlainText().toStdString()); }); });
+                [this] { write([&] { item_.SetStyled(runsShown(*edit_.document())); }); });
     }
 
   protected:
     void show(ItemChange) override {
-        const QString text = q(item_.Text());
-        if (edit_.toPlainText() == text) return;
+        if (sameRuns(runsShown(*edit_.document()), item_.Styled())) return;
         QSignalBlocker quiet(&edit_);
-        edit_.setPlainText(text);
+        edit_.clear();
+        QTextCursor cursor(edit_.document());
+        for (const StyleRun& run : item_.Styled().runs) {
+            QTextCharFormat format;
+            format.setFontWeight(run.bold ? QFont::Bold : QFont::Normal);
+            format.setFontItalic(run.italic);
+            format.setFontUnderline(run.underline);
+            cursor.insertText(q(run.text), format);
+        }
     }
 
   private:
