@@ -10,6 +10,7 @@ const char* const kGear = R"(<zephalondata><equipment><type value="Gear">
   <name value="Lamp"><Cost>5</Cost><period/><pagereference>p. 3</pagereference></name>
   <name value="Flask"><NOTES>Tin</NOTES><crew>1</crew></name>
   <name value="Empty"/>
+  <name value="Van"><armorvalue>1</armorvalue><encumbrance>2</encumbrance><height>3</height><width>4</width><speed>5</speed><acceleration>6</acceleration><toughness>7</toughness><handling>8</handling><damagecapacity>9</damagecapacity><armament>0</armament></name>
 </type></equipment></zephalondata>)";
 
 class Equipment : public SheetTest {
@@ -36,6 +37,10 @@ TEST_F(Equipment, ItemsAddTheirNameInBoldAndAParagraphAtTheEnd) {
         // Unknown elements keep their spelling, empty ones are skipped.
         {"", "Lamp", "Lamp\nCost: 5. \nReference: p. 3. \n", "Lamp"},
         {"", "Flask", "Flask\n\nNotes: Tin. Crew: 1. \n", "Flask"},
+        {"", "Van",
+         "Van\nArmor Value: 1. Encumbrance: 2. Height: 3. Width: 4. Speed: 5. Acceleration: 6. "
+         "Toughness: 7. Handling: 8. Damage Capacity: 9. \nArmament: 0. \n",
+         "Van"},
         {"", "Empty,Lamp", "Empty\n\n\nLamp\nCost: 5. \nReference: p. 3. \n", "Empty|Lamp"},
         {"Kit", "Empty", "Kit\nEmpty\n\n", "Empty"},
     };
