@@ -224,6 +224,21 @@ TEST_F(Skills, PastThePoolMovesAreBoughtWithExperience) {
               std::vector<std::string>(2, "You don't have enough points to buy this level."));
 }
 
+TEST_F(Skills, ReopeningASkillRestoresItsMovesInOrderWithTheirMarks) {
+    sheet->martialmaneuvers = {"Kick,1,6", "*Punch,2,"};
+    sheet->visualizations = {"*Odd,1,", "Mirror Hall,3,"};
+    sheet->SkillListBox.AddRow("Martial Arts(Iron Crane)");
+    sheet->SkillListBox.AddRow("Lucid Dream");
+    sheet->SkillListBox.SetListIndex(0);
+    SkillListBox_DoubleClick(*sheet);
+    EXPECT_EQ(Moves(), "*Punch,2,B;Kick,1,6;");
+    EXPECT_EQ(sheet->SkillMartialVisualListBox.Heading(0), "Combat Move");
+    Menu("Toggle Basic Move");  // nothing selected: nothing toggled
+    sheet->SkillListBox.SetListIndex(1);
+    SkillListBox_DoubleClick(*sheet);
+    EXPECT_EQ(Moves(), "Mirror Hall,3,;*Odd,1,;");
+}
+
 TEST_F(Skills, TheMenuOffersTheStyleSpecialMovesOrAllMoves) {
     const struct {
         const char* name;
