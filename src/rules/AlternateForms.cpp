@@ -110,10 +110,7 @@ std::string MetaBlock(CharacterSheet& sheet, const std::string& prefix, const st
 
 }  // namespace
 
-void QualityAlternateFormCombo_Change(CharacterSheet& sheet) {
-    // Emptying the choices leaves no form chosen, which must not rename the quality "Name()".
-    if (sheet.QualityAlternateFormCombo.ListIndex() >= 0) QualityGetAltFormData(sheet);
-}
+void QualityAlternateFormCombo_Change(CharacterSheet& sheet) { QualityGetAltFormData(sheet); }
 
 void QualityGetAltFormData(CharacterSheet& sheet) {
     const std::string form = sheet.QualityAlternateFormCombo.Text();

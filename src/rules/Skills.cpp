@@ -260,10 +260,7 @@ void AddSkillOperations(OperationTable& table) {
     AddOperation(table, "SkillPopup_MouseDown", PopulateSkillInfo);
     AddOperation(table, "SkillPopup_Change", PopulateSkillInfo);
     AddOperation(table, "PopulateSkillInfo", PopulateSkillInfo);
-    AddOperation(table, "SkillSelectPopup_Change", [](CharacterSheet& sheet) {
-        // Emptying the sub-types leaves none chosen, which must not rename the skill "Name()".
-        if (sheet.SkillSelectPopup.ListIndex() >= 0) SkillSelectPopup_Change(sheet);
-    });
+    AddOperation(table, "SkillSelectPopup_Change", SkillSelectPopup_Change);
     AddOperation(table, "SkillSpecialtyButton_Action", SkillSpecialtyButton_Action);
     AddOperation(table, "SkillUpDownArrows1_Up", SkillUpDownArrows1_Up);
     AddOperation(table, "SkillUpDownArrows1_Down", SkillUpDownArrows1_Down);

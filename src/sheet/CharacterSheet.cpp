@@ -20,8 +20,12 @@ void CharacterSheet::hookChangeOperations() {
         auto found = operations_.find(ChangeOperationName(*item));
         if (found == operations_.end()) continue;
         const Operation& operation = found->second;
-        item->Observe([this, &operation](ItemChange change) {
-            if (change == ItemChange::Text) operation.run(*this, "");
+        // In a combo or choice a new selected row runs the change as a new text does, even
+        // where the text reads the same (two rows alike, or a row set again after a refill).
+        const bool rowsChoose = item->Kind() == ItemKind::Combo || item->Kind() == ItemKind::Choice;
+        item->Observe([this, &operation, rowsChoose](ItemChange change) {
+            if (change == ItemChange::Text || (rowsChoose && change == ItemChange::Selection))
+                operation.run(*this, "");
         });
     }
 }

@@ -155,9 +155,12 @@ void ComboItem::AddRow(const std::string& text) {
 }
 
 void ComboItem::DeleteAllRows() {
+    // Emptying the rows is no choice of the user's: the change operation does not run, so an
+    // entry buffer stays as it was when its type or category changes.
     rows_.clear();
+    listIndex_ = -1;
+    if (Kind() == ItemKind::Choice) text_.clear();
     Notify(ItemChange::Rows);
-    setTextAndIndex(Kind() == ItemKind::Choice ? "" : text_, -1);
 }
 
 const std::string& ComboItem::List(int index) const {
