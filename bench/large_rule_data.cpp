@@ -11,13 +11,13 @@ namespace {
 
 // A small fixed generator, so that the file is the same on every machine and every run.
 class Numbers {
-public:
+  public:
     int Next(int bound) {
         state_ = state_ * 6364136223846793005ULL + 1442695040888963407ULL;
         return static_cast<int>((state_ >> 33) % static_cast<std::uint64_t>(bound));
     }
 
-private:
+  private:
     std::uint64_t state_ = 20240611;
 };
 
@@ -25,7 +25,7 @@ const char* const kWords[] = {"quick",  "steady", "hidden", "bright", "silent", 
                               "narrow", "humble", "fierce", "gentle", "hollow", "distant"};
 
 class Writer {
-public:
+  public:
     explicit Writer(std::ofstream& out) : out_(out) {}
 
     std::string Sentence(int words) {
@@ -59,16 +59,18 @@ public:
         for (int t = 1; t <= 100; ++t) {
             out_ << "    <type value=\"Character Type " << t << "\">\n";
             for (int n = 1; n <= 15; ++n) {
-                out_ << "      <name value=\"Choice " << t << "-" << n << "\">\n"
-                     << "        <bonuspts strength=\"" << Num(3) << "\" dexterity=\"" << Num(3)
-                     << "\" mentalattr=\"" << Num(4) << "\" physicalattr=\"" << Num(4)
-                     << "\" essence=\"" << Num(20) << "\" speed=\"" << Num(3) << "\"/>\n"
-                     << "        <calculations lifepointcalc_multiplier=\"4\" lifepointcalc_adder=\""
-                     << Num(20) << "\" endurancecalc_multiplier=\"3\" endurancecalc_adder=\"" << Num(10)
-                     << "\"/>\n"
-                     << "        <creationpts attrpts=\"" << 10 + numbers_.Next(20) << "\" qualitypts=\""
-                     << Num(25) << "\" drawbackpts=\"10\" skillpts=\"" << 5 + numbers_.Next(30)
-                     << "\" metapts=\"" << Num(30) << "\" optskillptgen=\"" << Num(20) << "\"/>\n";
+                out_
+                    << "      <name value=\"Choice " << t << "-" << n << "\">\n"
+                    << "        <bonuspts strength=\"" << Num(3) << "\" dexterity=\"" << Num(3)
+                    << "\" mentalattr=\"" << Num(4) << "\" physicalattr=\"" << Num(4)
+                    << "\" essence=\"" << Num(20) << "\" speed=\"" << Num(3) << "\"/>\n"
+                    << "        <calculations lifepointcalc_multiplier=\"4\" lifepointcalc_adder=\""
+                    << Num(20) << "\" endurancecalc_multiplier=\"3\" endurancecalc_adder=\""
+                    << Num(10) << "\"/>\n"
+                    << "        <creationpts attrpts=\"" << 10 + numbers_.Next(20)
+                    << "\" qualitypts=\"" << Num(25) << "\" drawbackpts=\"10\" skillpts=\""
+                    << 5 + numbers_.Next(30) << "\" metapts=\"" << Num(30) << "\" optskillptgen=\""
+                    << Num(20) << "\"/>\n";
                 if (n % 3 == 0) out_ << "        <dramapts points=\"" << Num(30) << "\"/>\n";
                 if (n % 4 == 0)
                     out_ << "        <qualityrequired>Quality " << n << "-1&amp;&amp;Quality " << n
@@ -101,16 +103,16 @@ public:
                 int cost = numbers_.Next(9) - 4;
                 out_ << "      <name value=\"Quality " << t << "-" << n << "\">\n"
                      << "        <costs maxlevel=\"" << 1 + numbers_.Next(6) << "\" creationcost=\""
-                     << cost << "\" creationcost_highvalue=\"" << cost * 2
-                     << "\" experiencecost=\"" << Num(5) << "\" experiencecost_highvalue=\"" << Num(8)
+                     << cost << "\" creationcost_highvalue=\"" << cost * 2 << "\" experiencecost=\""
+                     << Num(5) << "\" experiencecost_highvalue=\"" << Num(8)
                      << "\"/>\n        <pagereference>" << Page() << "</pagereference>\n";
                 if (n % 5 == 0)
                     out_ << "        <prerequisites>Quality " << t << "-" << n - 1
                          << ",1</prerequisites>\n";
                 out_ << "        <notes>" << Sentence(14) << "</notes>\n";
                 if (n % 7 == 0)
-                    out_ << "        <bonusattr strength=\"" << Num(2) << "\" willpower=\"" << Num(2)
-                         << "\"/>\n";
+                    out_ << "        <bonusattr strength=\"" << Num(2) << "\" willpower=\""
+                         << Num(2) << "\"/>\n";
                 if (n % 3 == 0)
                     out_ << "        <bonuspts bonusskill=\"Intelligence&amp;&amp;" << Num(3)
                          << "\" bonuslifepts=\"" << Num(5) << "\"/>\n";
@@ -154,16 +156,20 @@ public:
         out_ << "  <metaphysics>\n";
         for (int t = 1; t <= 80; ++t) {
             out_ << "    <type value=\"Metaphysic Type " << t << "\">\n";
-            for (int n = 1; n <= 40; ++n) {
+            // The first type is long: its list is built with one query per name.
+            for (int n = 1; n <= (t == 1 ? 200 : 40); ++n) {
                 out_ << "      <name value=\"Metaphysic " << t << "-" << n << "\">\n"
                      << "        <costs minlevel=\"" << Num(2) << "\" maxlevel=\"" << Num(10)
-                     << "\" creationcost=\"" << 1 + numbers_.Next(5) << "\" creationcost_highvalue=\""
-                     << Num(8) << "\" experiencecost=\"" << Num(6) << "\" experiencecost_highvalue=\""
-                     << Num(9) << "\"/>\n        <pagereference>" << Page() << "</pagereference>\n"
-                     << "        <qualityprerequisite>Quality " << t << "-1||Channeling</qualityprerequisite>\n"
+                     << "\" creationcost=\"" << 1 + numbers_.Next(5)
+                     << "\" creationcost_highvalue=\"" << Num(8) << "\" experiencecost=\"" << Num(6)
+                     << "\" experiencecost_highvalue=\"" << Num(9)
+                     << "\"/>\n        <pagereference>" << Page() << "</pagereference>\n"
+                     << "        <qualityprerequisite>Quality " << t
+                     << "-1||Channeling</qualityprerequisite>\n"
                      << "        <notes>" << Sentence(16) << "</notes>\n";
                 if (n % 4 == 0)
-                    out_ << "        <metaprerequisite>Metaphysic " << t << "-1,1</metaprerequisite>\n"
+                    out_ << "        <metaprerequisite>Metaphysic " << t
+                         << "-1,1</metaprerequisite>\n"
                          << "        <bonuspts bonusessence=\"" << Num(10) << "\"/>\n";
                 if (n % 9 == 0) out_ << "        <altform>Altform Type " << t << "</altform>\n";
                 out_ << "      </name>\n";
@@ -179,7 +185,8 @@ public:
             out_ << "    <type value=\"Equipment Type " << t << "\">\n";
             for (int n = 1; n <= 40; ++n) {
                 out_ << "      <name value=\"Item " << t << "-" << n << "\">\n"
-                     << "        <damage>d" << 4 + numbers_.Next(8) << " x " << Num(5) << "</damage>\n"
+                     << "        <damage>d" << 4 + numbers_.Next(8) << " x " << Num(5)
+                     << "</damage>\n"
                      << "        <weight>" << Num(40) << " lb</weight>\n"
                      << "        <period>Any</period>\n"
                      << "        <pagereference>" << Page() << "</pagereference>\n"
@@ -197,10 +204,13 @@ public:
             out_ << "    <type value=\"Altform Type " << t << "\">\n";
             for (int n = 1; n <= 20; ++n) {
                 out_ << "      <name value=\"Altform " << t << "-" << n << "\">\n"
-                     << "        <costs cost=\"" << Num(10) << "\" cursecost=\"" << Num(6) << "\"/>\n"
+                     << "        <costs cost=\"" << Num(10) << "\" cursecost=\"" << Num(6)
+                     << "\"/>\n"
                      << "        <attributes strength=\"" << Num(6) << "\" dexterity=\"" << Num(6)
-                     << "\" constitution=\"" << Num(6) << "\" armorvalue=\"d" << 4 + numbers_.Next(6)
-                     << "\"/>\n        <calculations lifepointcalc_multiplier=\"4\" lifepointcalc_adder=\""
+                     << "\" constitution=\"" << Num(6) << "\" armorvalue=\"d"
+                     << 4 + numbers_.Next(6)
+                     << "\"/>\n        <calculations lifepointcalc_multiplier=\"4\" "
+                        "lifepointcalc_adder=\""
                      << Num(20) << "\" speed_adder=\"" << Num(10) << "\"/>\n"
                      << "        <naturalattacks>" << Sentence(6) << "</naturalattacks>\n"
                      << "        <other>" << Sentence(6) << "</other>\n"
@@ -212,7 +222,7 @@ public:
         out_ << "  </altforms>\n";
     }
 
-private:
+  private:
     std::ofstream& out_;
     Numbers numbers_;
 };
@@ -253,7 +263,9 @@ std::string LargeRuleDataPath() {
         std::filesystem::path exe = std::filesystem::read_symlink("/proc/self/exe");
         std::filesystem::path dir = exe.parent_path().parent_path() / "bench-data";
         std::filesystem::create_directories(dir);
-        std::filesystem::path file = dir / "large.xml";
+        // The name changes with the generator, so that a file written by an older one is not
+        // reused.
+        std::filesystem::path file = dir / "large-2.xml";
         if (!std::filesystem::exists(file)) WriteLargeRuleData(file.string());
         return file.string();
     }();
