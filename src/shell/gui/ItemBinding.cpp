@@ -361,7 +361,8 @@ bool ItemBinding::eventFilter(QObject* watched, QEvent* event) {
             case QEvent::MouseButtonPress:
                 if (mouseDown_ != nullptr) {
                     runEvent(mouseDown_);
-                    return true;
+                    // A list fills itself at the press and then opens as usual.
+                    return qobject_cast<QComboBox*>(&widget_) == nullptr;
                 }
                 break;
             default:
