@@ -21,20 +21,13 @@ class Metaphysics : public SheetTest {
         sheet->MetaPopup.SetText(name);
         PopulateMetaInfo(*sheet);
     }
-    void Press(void (*arrow)(CharacterSheet&), int times) {
-        for (int i = 0; i < times; ++i) arrow(*sheet);
-    }
     void AddMetaRow(const std::string& name,
                     std::initializer_list<std::pair<int, std::string>> cells) {
         sheet->MetaListBox.AddRow(name);
         for (const auto& [column, text] : cells)
             sheet->MetaListBox.SetCell(sheet->MetaListBox.LastIndex(), column, text);
     }
-    std::string Row(int row, int from, int to) {
-        std::string out = sheet->MetaListBox.Cell(row, from);
-        for (int c = from + 1; c <= to; ++c) out += "|" + sheet->MetaListBox.Cell(row, c);
-        return out;
-    }
+    std::string Row(int row, int from, int to) { return Cells(sheet->MetaListBox, row, from, to); }
 };
 
 TEST_F(Metaphysics, OnlyWhatTheQualitiesAllowIsOffered) {
@@ -77,9 +70,9 @@ TEST_F(Metaphysics, TheLowestLevelIsBoughtAndSoldInOnePress) {
     Pick("Seer's Eye");  // lowest 3, no highest; 1 per level, 2 above level 5
     MetaUpDownArrows_Up(*sheet);
     ExpectTexts("MetaLevelField=3|MetaCostField=3");
-    Press(MetaUpDownArrows_Up, 3);
+    Repeat(MetaUpDownArrows_Up, 3);
     ExpectTexts("MetaLevelField=6|MetaCostField=7");
-    Press(MetaUpDownArrows_Down, 2);
+    Repeat(MetaUpDownArrows_Down, 2);
     ExpectTexts("MetaLevelField=4|MetaCostField=4");
     MetaUpDownArrows_Down(*sheet);
     ExpectTexts("MetaLevelField=3|MetaCostField=3");
@@ -89,7 +82,7 @@ TEST_F(Metaphysics, TheLowestLevelIsBoughtAndSoldInOnePress) {
     ExpectTexts("MetaLevelField=0|MetaCostField=0");
 
     Pick("Ward");
-    Press(MetaUpDownArrows_Up, 6);
+    Repeat(MetaUpDownArrows_Up, 6);
     ExpectTexts("MetaLevelField=4|MetaCostField=8");
 }
 

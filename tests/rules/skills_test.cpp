@@ -19,9 +19,6 @@ class Skills : public SheetTest {
         sheet->SkillPopup.SetText(skill);
         PopulateSkillInfo(*sheet);
     }
-    void Press(void (*arrow)(CharacterSheet&), int times) {
-        for (int i = 0; i < times; ++i) arrow(*sheet);
-    }
     void Menu(const std::string& item) {
         SkillMartialVisualListBox_ContextualMenuAction(*sheet, item);
     }
@@ -32,10 +29,6 @@ class Skills : public SheetTest {
             out += moves.Cell(r, 0) + "," + moves.Cell(r, 1) + "," + moves.Cell(r, 2) +
                    (moves.CellBold(r, 0) && moves.CellBold(r, 1) ? "B;" : ";");
         return out;
-    }
-    void InPlay(const char* saved) {
-        sheet->CharacterInPlayBox.SetValue(true);
-        sheet->SavedExperienceField.SetText(saved);
     }
 };
 
@@ -55,19 +48,19 @@ TEST_F(Skills, LevelsArePricedByClassAndModeAndGivenBackExactly) {
         sheet->CharacterInPlayBox.SetValue(c.inPlay);
         Pick("Combat", "Brawling");
         sheet->SkillTypeCombo.SetText(c.type);
-        Press(SkillUpDownArrows1_Up, c.from);
+        Repeat(SkillUpDownArrows1_Up, c.from);
         sheet->SkillCostField.SetText("0");
         sheet->SkillXPCostField.SetText("0");
-        Press(SkillUpDownArrows1_Up, c.to - c.from);
+        Repeat(SkillUpDownArrows1_Up, c.to - c.from);
         TextItem& moved = c.inPlay ? sheet->SkillXPCostField : sheet->SkillCostField;
         TextItem& still = c.inPlay ? sheet->SkillCostField : sheet->SkillXPCostField;
         EXPECT_EQ(moved.Text() + "/" + still.Text(), std::string(c.cost) + "/0")
             << c.type << " " << c.from << "->" << c.to;
         EXPECT_EQ(sheet->SkillLevelField.Text(), std::to_string(c.to));
-        Press(SkillUpDownArrows1_Down, c.to - c.from);
+        Repeat(SkillUpDownArrows1_Down, c.to - c.from);
         EXPECT_EQ(moved.Text(), "0") << c.type << " back to " << c.from;
     }
-    Press(SkillUpDownArrows1_Down, 4);
+    Repeat(SkillUpDownArrows1_Down, 4);
     ExpectTexts("SkillLevelField=0|SkillCostField=0");
 }
 
@@ -155,7 +148,7 @@ TEST_F(Skills, RowsComeBackAndGo) {
 
 TEST_F(Skills, TheFreePoolOfEachMode) {
     Pick("Combat", "Martial Arts");
-    Press(SkillUpDownArrows1_Up, 2);
+    Repeat(SkillUpDownArrows1_Up, 2);
     sheet->SkillSelectPopup.SetText("Stone Palm");
     Menu("Sweep");
     Menu("Throw");
@@ -178,7 +171,7 @@ TEST_F(Skills, TheFreePoolOfEachMode) {
     EXPECT_EQ(Moves(), "*Punch,2,B;*Block,2,B;*Sweep,2,B;Throw,1,;Decrease +,1,;Kick,1,;Kick,1,;");
 
     Pick("Esoteric", "Lucid Dream");
-    Press(SkillUpDownArrows1_Up, 3);
+    Repeat(SkillUpDownArrows1_Up, 3);
     Menu("Mirror Hall");
     sheet->SkillMartialVisualListBox.SetListIndex(0);
     for (int i = 0; i < 6; ++i) Menu("Increase +");

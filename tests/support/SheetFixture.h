@@ -52,6 +52,20 @@ protected:
             EXPECT_EQ(item->Text(), entry.substr(name.size() + 1)) << name;
         }
     }
+    // Cells `from` to `to` of a row, joined by "|".
+    static std::string Cells(const ListItem& list, int row, int from, int to) {
+        std::string out = list.Cell(row, from);
+        for (int column = from + 1; column <= to; ++column) out += "|" + list.Cell(row, column);
+        return out;
+    }
+    void Repeat(void (*operation)(CharacterSheet&), int times) {
+        for (int i = 0; i < times; ++i) operation(*sheet);
+    }
+    void InPlay(const char* saved) {
+        sheet->CharacterInPlayBox.SetValue(true);
+        sheet->SavedExperienceField.SetText(saved);
+        sheet->SpentExperienceField.SetText("0");
+    }
     void SetFields(std::initializer_list<const char*> values) {
         int a = 0;
         for (const char* value : values) sheet->AttributeOf(a++).field.SetText(value);
