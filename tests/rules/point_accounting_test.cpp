@@ -73,8 +73,7 @@ TEST_F(PointAccounting, PlacingAFreePointUsesItsOwnPoolAndTheStatusLineShowsWhat
     sheet->physicalBonus = 3;
     AttributeBonus_MouseDown(*sheet, Strength);
     AttributeBonus_MouseDown(*sheet, Constitution);
-    AttributeBonus_MouseDown(*sheet, Willpower);
-    // The total waits for the recomputation.
+    AttributeBonus_MouseDown(*sheet, Willpower);  // the total waits for the recomputation
     ExpectTexts("StrengthBonus=1|ConstitutionBonus=1|WillpowerBonus=0|StrengthTotal=0|"
                 "InfoText=Bonus points are availble. Click the green number next to an attribute "
                 "you wish to increase. Mental=0. Physical=1.");

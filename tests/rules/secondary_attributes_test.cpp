@@ -70,13 +70,14 @@ TEST_F(Recomputation, AQualityBonusSendsPlacedPointsBackAtEveryRun) {
 
 TEST_F(Recomputation, SpeedDividesOnlyWithASlash) {
     SetFields({"", "4", "3"});
+    sheet->m_all_bonuses[11] = 1;  // from the qualities
     Choose("Human", "Fast");
-    ExpectTexts("SpeedBonus=2|SpeedTotal=16|EssenceBonus=3");
+    ExpectTexts("SpeedBonus=3|SpeedTotal=17|EssenceBonus=3");
     Choose("Human", "Slow");
-    ExpectTexts("SpeedBonus=0|SpeedTotal=7");
+    ExpectTexts("SpeedBonus=1|SpeedTotal=8");
     SetFields({"", "2", "3"});
     Choose("Human", "Slower");
-    ExpectTexts("SpeedTotal=3");  // 10 / 4 rounds up from 2.5
+    ExpectTexts("SpeedTotal=4");  // 1 + 10 / 4 rounded up from 2.5
 }
 
 TEST_F(Recomputation, VitalEssenceFormsEssenceBeforeTheBonusGoesInAndDramaPointsCount) {

@@ -29,7 +29,7 @@ TEST_F(NewSheet, StartsCleanWithItsDefaultsAndOnlyTheUsersEditsOfTrackedItemsMar
     sheet->ContactsField.SetText("a friend");
     sheet->CharacterInPlayBox.SetValue(true);
     EXPECT_TRUE(sheet->savedChar);
-    sheet->loadingCharFile = true;
+    sheet->Properties().Find("loadingCharFile")->set("true");
     sheet->NameField.SetText("Vera");
     EXPECT_TRUE(sheet->savedChar);
 }
@@ -105,5 +105,5 @@ TEST_F(NewSheet, ItemsPropertiesAndOperationsAreFoundByName) {
     EXPECT_EQ(sheet->Properties().Find("savedChar")->get(), "false");
     sheet->NameField.SetText("Vera Lund");
     sheet->NameField_LostFocus();
-    EXPECT_EQ(sheet->title, "Zephalon CC: Vera Lund");
+    EXPECT_EQ(sheet->Properties().Find("title")->get(), "Zephalon CC: Vera Lund");
 }

@@ -158,8 +158,7 @@ TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
     sheet().DPField.SetVisible(true);
     EXPECT_FALSE(widget<QLineEdit>("DPField")->isHidden());
 
-    // List rows show their visible columns only.
-    ListItem& list = sheet().QualityListBox;
+    ListItem& list = sheet().QualityListBox;  // its rows show their visible columns only
     list.AddRow("Hard to Kill");
     list.SetCell(0, 1, "3");
     list.SetCell(0, 27, "kept out of sight");
@@ -189,8 +188,7 @@ TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
     ASSERT_EQ(tree->topLevelItemCount(), 1);
     EXPECT_EQ(tree->topLevelItem(0)->text(0), "--");
 
-    // The timer refreshes the status line.
-    sheet().InfoText.SetText("stale");
+    sheet().InfoText.SetText("stale");  // until the timer refreshes the status line
     ASSERT_TRUE(QMetaObject::invokeMethod(widget<QTimer>("Timer1"), "timeout"));
     EXPECT_EQ(widget<QLabel>("InfoText")->text().toStdString(), sheet().InfoText.Text());
     EXPECT_NE(sheet().InfoText.Text(), "stale");
