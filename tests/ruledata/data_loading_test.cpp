@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
+#include <tuple>
 
 #include "platform/Files.h"
 #include "platform/ScriptedPlatform.h"
@@ -10,24 +12,22 @@
 
 using namespace zeph;
 namespace fs = std::filesystem;
+using Lines = std::vector<std::string>;
 
 namespace {
 
 const char* const kRules =
     R"(<zephalondata books="ZSB WC"><tabledata><table name="Ranges"/><table name="Levels"/>)"
     R"(</tabledata></zephalondata>)";
+const char* const kMissing = "Please locate a data file in XML format for Zephalon to use.";
 
+// A start in a folder of its own: prefs/ for the preferences, build/bin/ as the app's folder.
 class DataLoading : public ::testing::Test {
 protected:
     void SetUp() override {
-        root = fs::temp_directory_path() /
-               ("zeph-load-" + std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
         fs::remove_all(root);
         fs::create_directories(root / "prefs");
-        fs::create_directories(root / "app");
-        platform = std::make_unique<ScriptedPlatform>((root / "prefs").string(),
-                                                      (root / "app").string(), "/tmp");
-        app = std::make_unique<App>(data, *platform);
+        fs::create_directories(root / "build" / "bin");
     }
     void TearDown() override { fs::remove_all(root); }
 
@@ -35,131 +35,97 @@ protected:
         std::ofstream((root / name).string()) << content;
         return (root / name).string();
     }
-    std::string prefsPath() const { return (root / "prefs" / kPreferencesFileName).string(); }
+    void writePrefs(const std::string& path) {
+        write("prefs/zephalonprefs.xml",
+              "<zephalonprefs><pathtodatafile>" + path + "</pathtodatafile></zephalonprefs>");
+    }
 
-    fs::path root;
-    std::unique_ptr<ScriptedPlatform> platform;
+    const fs::path root = fs::temp_directory_path() / ("zeph-load-" + std::to_string(getpid()));
+    const std::string prefsPath = (root / "prefs" / kPreferencesFileName).string();
+    ScriptedPlatform platform{(root / "prefs").string(), (root / "build" / "bin").string(), "/tmp"};
     DataModule data;
-    std::unique_ptr<App> app;
+    App app{data, platform};
 };
 
 }  // namespace
 
 TEST_F(DataLoading, FirstRunAsksForAFileLoadsItAndWritesNothingYet) {
     std::string rules = write("rules.xml", kRules);
-    platform->QueueAnswer(rules);
-    app->LoadData();
-    ASSERT_EQ(platform->Messages().size(), 1u);
-    EXPECT_EQ(platform->Messages()[0],
-              "Please select a data file to use. Zephalon will not operate without an xml data "
-              "file.");
-    EXPECT_TRUE(app->doneloading);
+    platform.QueueAnswer(rules);
+    app.LoadData();
+    EXPECT_EQ(platform.Messages(), Lines{"Please select a data file to use. Zephalon will not "
+                                         "operate without an xml data file."});
+    EXPECT_TRUE(app.doneloading);
     EXPECT_EQ(data.datafilepath, rules);
     EXPECT_EQ(data.zephalondata, "ZSB WC");
-    EXPECT_EQ(data.referenceTables, (std::vector<std::string>{"Ranges", "Levels"}));
-    EXPECT_FALSE(fs::exists(prefsPath()));
+    EXPECT_EQ(data.referenceTables, (Lines{"Ranges", "Levels"}));
+    EXPECT_FALSE(fs::exists(prefsPath));
 }
 
-TEST_F(DataLoading, FirstRunCancelQuitsWithZeroAndLeavesNoPreferences) {
-    platform->QueueAnswer("cancel");
-    EXPECT_THROW(app->LoadData(), QuitRequest);
-    EXPECT_TRUE(platform->QuitCalled());
-    EXPECT_EQ(platform->QuitCode(), 0);
-    EXPECT_FALSE(fs::exists(prefsPath()));
-}
-
-TEST_F(DataLoading, TheFirstDialogOpensWhereTheBundledSampleLives) {
+TEST_F(DataLoading, FirstRunCancelQuitsWithZeroFromTheFolderOfTheBundledSample) {
     fs::create_directories(root / "data" / "rules");
-    platform = std::make_unique<ScriptedPlatform>((root / "prefs").string(),
-                                                  (root / "build" / "bin").string(), "/tmp");
-    fs::create_directories(root / "build" / "bin");
-    App located(data, *platform);
-    platform->QueueAnswer("cancel");
-    EXPECT_THROW(located.LoadData(), QuitRequest);
-    EXPECT_EQ(platform->LastDialogFolder(), (root / "data" / "rules").string());
+    platform.QueueAnswer("cancel");
+    EXPECT_THROW(app.LoadData(), QuitRequest);
+    EXPECT_EQ(platform.QuitCode(), 0);
+    EXPECT_EQ(platform.LastDialogFolder(), (root / "data" / "rules").string());
+    EXPECT_FALSE(fs::exists(prefsPath));
 }
 
 TEST_F(DataLoading, PreferencesRoundTripKeepingOrderAndTheSeparator) {
-    std::string rules = write("rules.xml", kRules);
-    data.datafilepath = rules;
+    write("prefs/zephalonprefs.xml", "old");
+    data.SaveDataFilePreferences(platform);
+    EXPECT_EQ(*ReadWholeFile(prefsPath), "old") << "nothing is written without a data file path";
+    data.datafilepath = write("rules.xml", kRules);
     data.knowndatafiles = {std::string("Sample\rsample.xml\r/a/sample.xml"),
                            std::string("Mine & yours\rmine.xml\r/b/\"mine\".xml")};
     data.recentItemsName = {"vera.xml", "olaf.xml"};
     data.recentItemsPaths = {"/c/vera.xml", "/c/olaf.xml"};
-    data.SaveDataFilePreferences(*platform);
+    data.SaveDataFilePreferences(platform);
 
-    std::string text = *ReadWholeFile(prefsPath());
-    EXPECT_EQ(text.back(), '\n');
-    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 1);  // one line, no indentation
+    std::string text = *ReadWholeFile(prefsPath);
+    EXPECT_EQ(text.find('\n'), text.size() - 1);  // one line, no indentation
 
     DataModule reread;
-    App second(reread, *platform);
-    EXPECT_EQ(second.GetDataFile(), rules);
+    EXPECT_EQ(App(reread, platform).GetDataFile(), data.datafilepath);
     EXPECT_EQ(reread.knowndatafiles, data.knowndatafiles);
     EXPECT_EQ(reread.recentItemsName, data.recentItemsName);
     EXPECT_EQ(reread.recentItemsPaths, data.recentItemsPaths);
-    EXPECT_TRUE(platform->Messages().empty());
+    EXPECT_TRUE(platform.Messages().empty());
 }
 
-TEST_F(DataLoading, NothingIsWrittenWithoutADataFilePath) {
-    write("prefs/zephalonprefs.xml", "old");
-    data.SaveDataFilePreferences(*platform);
-    EXPECT_EQ(*ReadWholeFile(prefsPath()), "old");
-}
-
-TEST_F(DataLoading, AVanishedDataFileIsAskedForOnceAndReplaced) {
-    write("prefs/zephalonprefs.xml",
-          "<zephalonprefs><pathtodatafile>/gone/rules.xml</pathtodatafile></zephalonprefs>");
-    std::string rules = write("rules.xml", kRules);
-    platform->QueueAnswer(rules);
-    app->LoadData();
-    ASSERT_EQ(platform->Messages().size(), 1u);
-    EXPECT_EQ(platform->Messages()[0], "Please locate a data file in XML format for Zephalon to use.");
-    EXPECT_EQ(data.datafilepath, rules);
-    EXPECT_TRUE(app->doneloading);
-}
-
-TEST_F(DataLoading, AnEmptyStoredPathIsTakenAsAMissingFile) {
-    write("prefs/zephalonprefs.xml", "<zephalonprefs><pathtodatafile/></zephalonprefs>");
-    EXPECT_EQ(app->GetDataFile(), "");
-    platform->QueueAnswer("cancel");
-    EXPECT_THROW(app->LoadData(), QuitRequest);
+// A start after the preferences name a data file that is gone, empty, relative or not XML.
+TEST_F(DataLoading, AStoredPathThatCannotBeLoaded) {
+    const std::string rules = write("rules.xml", kRules), junk = write("junk.xml", "not xml");
+    const std::tuple<std::string, std::string, bool> cases[] = {
+        {"/gone/rules.xml", kMissing, true},
+        {"", kMissing, true},
+        {"rules.xml", "The preferences file is invalid.", false},
+        {junk, "Start tag expected, '<' not found\n At node: " + junk + " on: 1", false}};
+    for (const auto& [path, message, done] : cases) {
+        writePrefs(path);
+        ScriptedPlatform scripted((root / "prefs").string(), "/nonexistent", "/tmp");
+        DataModule loaded;
+        App started(loaded, scripted);
+        scripted.QueueAnswer(rules);
+        started.LoadData();
+        EXPECT_EQ(scripted.Messages(), Lines{message}) << path;
+        EXPECT_EQ(started.doneloading, done) << path;
+        EXPECT_EQ(loaded.datafilepath, done ? rules : path);
+        EXPECT_EQ(loaded.xdata->Query("//zephalondata").Empty(), !done);
+    }
 }
 
 TEST_F(DataLoading, ADamagedPreferencesFileShowsTheReportAndYieldsNoPath) {
-    write("prefs/zephalonprefs.xml",
-          "<zephalonprefs><pathtodatafile>/x.xml</pathtodatafile><datafiles name='a'/>");
-    EXPECT_EQ(app->GetDataFile(), "");
-    ASSERT_EQ(platform->Messages().size(), 1u);
-    EXPECT_NE(platform->Messages()[0].find("\n At node: "), std::string::npos);
-    EXPECT_NE(platform->Messages()[0].find(" on: "), std::string::npos);
-}
-
-TEST_F(DataLoading, ADataFileThatIsNotXmlLeavesAnEmptyDocumentAndGoesOn) {
-    std::string rules = write("rules.xml", "this is not xml");
-    write("prefs/zephalonprefs.xml",
-          "<zephalonprefs><pathtodatafile>" + rules + "</pathtodatafile></zephalonprefs>");
-    app->LoadData();
-    EXPECT_FALSE(app->doneloading);
-    ASSERT_EQ(platform->Messages().size(), 1u);
-    EXPECT_NE(platform->Messages()[0].find(" At node: "), std::string::npos);
-    EXPECT_TRUE(data.xdata->Query("//zephalondata").Empty());
+    write("prefs/zephalonprefs.xml", "<zephalonprefs><pathtodatafile>/x.xml</pathtodatafile>");
+    EXPECT_EQ(app.GetDataFile(), "");
+    EXPECT_EQ(platform.Messages(),
+              Lines{"Premature end of data in tag zephalonprefs line 1\n At node: zephalonprefs on: 1"});
 }
 
 TEST_F(DataLoading, AnotherRootLoadsWithNoBooksAndNoTables) {
-    std::string rules = write("rules.xml", "<character/>");
-    platform->QueueAnswer(rules);
-    app->LoadData();
-    EXPECT_TRUE(app->doneloading);
+    platform.QueueAnswer(write("rules.xml", "<character/>"));
+    app.LoadData();
+    EXPECT_TRUE(app.doneloading);
     EXPECT_EQ(data.zephalondata, "");
     EXPECT_TRUE(data.referenceTables.empty());
-}
-
-TEST_F(DataLoading, ARelativeStoredPathIsAnInvalidPreferencesFile) {
-    write("prefs/zephalonprefs.xml",
-          "<zephalonprefs><pathtodatafile>rules.xml</pathtodatafile></zephalonprefs>");
-    app->LoadData();
-    EXPECT_FALSE(app->doneloading);
-    ASSERT_EQ(platform->Messages().size(), 1u);
-    EXPECT_EQ(platform->Messages()[0], "The preferences file is invalid.");
 }

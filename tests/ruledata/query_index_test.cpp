@@ -124,12 +124,8 @@ std::string SamplePath() { return std::string(ZEPHALON_SOURCE_DIR) + "/data/rule
 
 std::string Escape(const std::string& text) {
     std::string out;
-    for (char c : text) {
-        if (c == '&') out += "&amp;";
-        else if (c == '<') out += "&lt;";
-        else if (c == '"') out += "&quot;";
-        else out += c;
-    }
+    for (char c : text)
+        out += c == '&' ? "&amp;" : c == '<' ? "&lt;" : c == '"' ? "&quot;" : std::string(1, c);
     return out;
 }
 
@@ -240,7 +236,7 @@ const std::vector<std::string> kOutsideTheIndex = {
     "//a[@b='\x01']",       "//a[@b='\xC3']",         "//a[@b='\xC0\x80']", "//Été",
     "1a",                   "//a/*/",                 "child::a",       "//a[@*='c']",
     "//a[ 1]",              "//a[@b='c' ]",           "*[@b='c']//*",   "//a[@b=c]",
-    "//a[@b='\xC3x']",      "//a[@b='\xC3\xA9\x01']",
+    "//a[@b='\xC3x']",      "//a[@b='\xC3\xA9\x01']", std::string("//a\0", 4),
 };
 
 TEST(QueryIndexDeclines, OtherQueriesAreLeftToLibxml) {
@@ -256,21 +252,9 @@ TEST(QueryIndexDeclines, NotTheShapesTheRulesAsk) {
     auto data = RuleData::LoadText("<zephalondata>\n <qualities/>\n</zephalondata>");
     QueryIndex index(data->raw());
     for (const char* q : {"//zephalondata", "zephalondata/tabledata/table[@name=\"a'b\"]/row[12]",
-                          "//qualities/*/name[@value='']/costs", "//name[@value='\xF0\x90\x80\x80\xC2\x80']"})
+                          "//qualities/*/name[@value='']/costs",
+                          "//name[@value='\xF0\x90\x80\x80\xC2\x80\xF4\x8F\xBF\xBF']"})
         EXPECT_TRUE(index.TryAnswer(q).has_value()) << "declined: " << q;
-}
-
-// What the rules rely on, in plain answers: a wildcard lookup takes the first match in
-// document order across all types, and keys match case and all.
-TEST(QueryIndexSemantics, KnownAnswers) {
-    auto data = RuleData::LoadText(
-        "<zephalondata><qualities>"
-        "<type value=\"Drawbacks\"><name value=\"Keen\"><notes>first</notes></name></type>"
-        "<type value=\"Qualities\"><name value=\"Keen\"><notes>second</notes></name></type>"
-        "</qualities></zephalondata>");
-    EXPECT_EQ(data->Leaf("//qualities/*/name[@value='Keen']/notes"), "first");
-    EXPECT_EQ(data->Leaf("//qualities/type[@value='Qualities']/name/notes"), "second");
-    EXPECT_TRUE(data->Query("//qualities/*/name[@value='keen']").Empty());
 }
 
 }  // namespace

@@ -13,7 +13,6 @@ const char* const kRules = R"(<?xml version="1.0"?>
       <name value="Keen">
         <notes>  </notes>
         <pagereference/>
-        <prerequisites>Brawny,1</prerequisites>
         <costs creationcost="2"/>
       </name>
     </type>
@@ -27,92 +26,55 @@ const char* const kRules = R"(<?xml version="1.0"?>
 Odd</typelist></name></category></skills>
 </zephalondata>)";
 
-}  // namespace
-
-TEST(RuleDataLeaf, BlanksArePresentAndCopiedWhileAnEmptyElementIsAbsent) {
-    auto rules = RuleData::LoadText(kRules);
-    EXPECT_EQ(rules->Leaf("//qualities/type[@value='Physical']/name[@value='Keen']/notes"), "  ");
-    EXPECT_EQ(rules->Leaf("//qualities/type[@value='Physical']/name[@value='Keen']/pagereference"),
-              std::nullopt);
-    EXPECT_EQ(rules->Leaf("//qualities/type[@value='Physical']/name[@value='Keen']/nothing"),
-              std::nullopt);
-    // The text must come first inside the element: a line end before it is part of it.
-    EXPECT_EQ(rules->Leaf("//skills/category[@value='Lore']/name[@value='Myth']/typelist"),
-              "\nOdd");
+// The failure report of what `work` throws, or "no failure".
+template <class Work>
+std::string Report(Work work) {
+    try {
+        work();
+    } catch (const XmlError& failure) {
+        return FormatXmlFailure(failure);
+    }
+    return "no failure";
 }
 
-TEST(RuleDataLeaf, TheWildcardTakesTheFirstInDocumentOrderAndTheTypedQueryItsOwn) {
+}  // namespace
+
+TEST(RuleData, LeavesRecordsAndQueriesAsTheRulesReadThem) {
     auto rules = RuleData::LoadText(kRules);
+    const std::string keen = "//qualities/type[@value='Physical']/name[@value='Keen']/";
+    EXPECT_EQ(rules->Leaf(keen + "notes"), "  ");  // blanks are present and copied
+    EXPECT_EQ(rules->Leaf(keen + "pagereference"), std::nullopt);  // an empty element is absent
+    EXPECT_EQ(rules->Leaf(keen + "nothing"), std::nullopt);
+    // The text must come first inside the element: a line end before it is part of it.
+    EXPECT_EQ(rules->Leaf("//skills/category[@value='Lore']/name[@value='Myth']/typelist"), "\nOdd");
+    // The wildcard takes the first in document order, the typed query its own.
     EXPECT_EQ(rules->Leaf("//qualities/*/name[@value='Keen']/notes"), "  ");
     EXPECT_EQ(rules->Leaf("//qualities/type[@value='Mental']/name[@value='Keen']/notes"),
               "Mental keenness");
-    EXPECT_EQ(rules->Query("//qualities/*/name[@value='Keen']").Count(), 2);
-}
+    EXPECT_TRUE(rules->Query("//qualities/*/name[@value='keen']").Empty());  // keys match case
 
-TEST(RuleDataRecord, MissingAttributesReadEmpty) {
-    auto rules = RuleData::LoadText(kRules);
     auto costs = rules->Record("//qualities/*/name[@value='Keen']/costs");
     ASSERT_TRUE(costs.has_value());
     EXPECT_EQ(costs->Attribute("creationcost"), "2");
     EXPECT_EQ(costs->Attribute("maxlevel"), "");
-    EXPECT_EQ(costs->Name(), "costs");
     EXPECT_FALSE(rules->Record("//qualities/*/name[@value='Gone']/costs").has_value());
-}
 
-TEST(RuleDataQuery, KeepsBlankTextNodesAsChildren) {
-    auto rules = RuleData::LoadText(kRules);
     XmlNode type = rules->Query("//qualities/type").Item(0);
-    EXPECT_EQ(type.ChildCount(), 3);  // blanks, name, blanks
+    EXPECT_EQ(type.ChildCount(), 3);  // blank text nodes are kept: blanks, name, blanks
     EXPECT_EQ(type.Child(1).Name(), "name");
-}
-
-TEST(RuleDataQuery, AnApostropheInASingleQuotedKeyFailsWithTheReport) {
-    auto rules = RuleData::LoadText(kRules);
-    try {
-        rules->Query("//qualities/*/name[@value='Devil's Luck']");
-        FAIL() << "no failure";
-    } catch (const XmlError& failure) {
-        EXPECT_FALSE(failure.message().empty());
-        EXPECT_EQ(failure.node(), "//qualities/*/name[@value='Devil's Luck']");
-        EXPECT_EQ(FormatXmlFailure(failure),
-                  failure.message() + "\n At node: " + failure.node() + " on: " +
-                      std::to_string(failure.line()));
-    }
-    // The double-quoted form finds such keys.
+    // The double-quoted form finds keys with an apostrophe; the single-quoted one fails.
     EXPECT_TRUE(rules->Query("//qualities/*/name[@value=\"Devil's Luck\"]").Empty());
+    EXPECT_EQ(Report([&] { rules->Query("//qualities/*/name[@value='Devil's Luck']"); }),
+              "Invalid predicate\n At node: //qualities/*/name[@value='Devil's Luck'] on: 0");
 }
 
-TEST(RuleDataLoad, ANonXmlTextFailsWithTheReportOfItsLine) {
-    try {
-        RuleData::LoadText("<zephalondata>\n<open>\n</zephalondata>");
-        FAIL() << "no failure";
-    } catch (const XmlError& failure) {
-        EXPECT_EQ(FormatXmlFailure(failure),
-                  "Opening and ending tag mismatch: open line 2 and zephalondata\n"
-                  " At node: open on: 3");
-    }
-}
-
-TEST(RuleDataLoad, AFolderIsToldToBeAFolder) {
+TEST(RuleData, LoadFailuresReportWhatAndWhereAnEmptyDocumentAnswersNothing) {
+    EXPECT_EQ(Report([] { RuleData::LoadText("<zephalondata>\n<open>\n</zephalondata>"); }),
+              "Opening and ending tag mismatch: open line 2 and zephalondata\n At node: open on: 3");
     const std::string folder = ::testing::TempDir();
-    try {
-        RuleData::LoadFile(folder);
-        FAIL() << "no failure";
-    } catch (const XmlError& failure) {
-        EXPECT_EQ(FormatXmlFailure(failure),
-                  "This is a folder, not a file. Please choose an XML data file.\n At node: " +
-                      folder + " on: 0");
-    }
-}
-
-TEST(RuleDataLoad, AnEmptyDocumentAnswersNothing) {
-    RuleData empty;
-    EXPECT_TRUE(empty.Query("//zephalondata").Empty());
-    EXPECT_EQ(empty.Leaf("//anything"), std::nullopt);
-}
-
-TEST(RuleDataLoad, AnotherRootLoadsAndFindsNothingOfOurs) {
-    auto rules = RuleData::LoadText("<character><name>x</name></character>");
-    EXPECT_TRUE(rules->Query("//zephalondata").Empty());
-    EXPECT_TRUE(rules->Query("zephalondata/tabledata/table").Empty());
+    EXPECT_EQ(Report([&] { RuleData::LoadFile(folder); }),
+              "This is a folder, not a file. Please choose an XML data file.\n At node: " +
+                  folder + " on: 0");
+    EXPECT_TRUE(RuleData().Query("//zephalondata").Empty());
+    EXPECT_EQ(RuleData().Leaf("//anything"), std::nullopt);
 }

@@ -8,7 +8,6 @@ using zeph::testing::SheetTest;
 
 class QualityBonuses : public SheetTest {
 protected:
-    void SetUp() override { UseRules("<zephalondata/>"); }
     std::string poolsOf(std::initializer_list<std::pair<const char*, const char*>> rows) {
         sheet->QualityListBox.DeleteAllRows();
         for (const auto& [marker, level] : rows) AddQualityRow(marker, {{1, level}, {10, marker}});
@@ -29,9 +28,7 @@ TEST_F(QualityBonuses, PoolSummaryReadsAsTheSheetAlwaysHas) {
               "Essence Channeling: 1, Taint Channeling: 2");
     EXPECT_EQ(poolsOf({{"Spirit Channeling", "4"}}), "");
     EXPECT_EQ(poolsOf({{"--", ""}}), "");
-}
-
-TEST_F(QualityBonuses, AdeptAddsTheLastIntelligenceTotalWhateverItsLevel) {
+    // Adept adds the last Intelligence total whatever its level.
     sheet->IntelligenceTotal.SetText("4");
     EXPECT_EQ(poolsOf({{"ADEPT", "0"}}), "Sadicas: 4, Maximum Sadicas Pool: 120");
 }

@@ -1,10 +1,16 @@
-// What the Qt platform answers without showing a dialog: folders and file filters.
+// What the Qt platform answers without showing a dialog, and the numbers of the sheet under
+// the locale the app takes from the environment when its QApplication starts.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <QDir>
+#include <clocale>
+#include <cstdlib>
+#include <filesystem>
 
 #include "platform/qt/QtPlatform.h"
 #include "shell/gui_test_app.h"
+#include "text/TextHelpers.h"
 
 namespace zeph {
 namespace {
@@ -14,17 +20,9 @@ class ScopedEnv {
   public:
     ScopedEnv(const char* name, const QByteArray& value)
         : name_(name), had_(qEnvironmentVariableIsSet(name)), old_(qgetenv(name)) {
-        if (value.isNull())
-            qunsetenv(name);
-        else
-            qputenv(name, value);
+        value.isNull() ? qunsetenv(name) : qputenv(name, value);
     }
-    ~ScopedEnv() {
-        if (had_)
-            qputenv(name_, old_);
-        else
-            qunsetenv(name_);
-    }
+    ~ScopedEnv() { had_ ? qputenv(name_, old_) : qunsetenv(name_); }
 
   private:
     const char* name_;
@@ -32,34 +30,47 @@ class ScopedEnv {
     QByteArray old_;
 };
 
+// An absolute XDG_CONFIG_HOME holds them; unset or relative, ~/.config does.
 TEST(QtPlatform, PreferencesLiveInTheXdgConfigFolder) {
-    QtPlatform platform;
-    ScopedEnv config("XDG_CONFIG_HOME", "/tmp/zeph-config");
-    EXPECT_EQ(platform.PreferencesFolder(), "/tmp/zeph-config/zephalon");
-}
-
-TEST(QtPlatform, PreferencesDefaultToDotConfigInHome) {
-    QtPlatform platform;
-    ScopedEnv config("XDG_CONFIG_HOME", QByteArray());
-    EXPECT_EQ(platform.PreferencesFolder(), (QDir::homePath() + "/.config/zephalon").toStdString());
-}
-
-TEST(QtPlatform, ARelativeConfigFolderIsIgnored) {
-    QtPlatform platform;
-    ScopedEnv config("XDG_CONFIG_HOME", "relative/config");
-    EXPECT_EQ(platform.PreferencesFolder(), (QDir::homePath() + "/.config/zephalon").toStdString());
-}
-
-TEST(QtPlatform, FoldersOfTheApplicationAndForTemporaryFiles) {
-    test::GuiTestApp();
-    QtPlatform platform;
-    EXPECT_EQ(platform.ApplicationFolder(), QCoreApplication::applicationDirPath().toStdString());
-    EXPECT_EQ(platform.TemporaryFolder(), QDir::tempPath().toStdString());
-}
-
-TEST(QtPlatform, FileFiltersListTheExtensionsOfTheType) {
+    const std::string home = (QDir::homePath() + "/.config/zephalon").toStdString();
+    const std::pair<QByteArray, std::string> cases[] = {
+        {"/tmp/zeph-config", "/tmp/zeph-config/zephalon"},
+        {QByteArray(), home},
+        {"relative/config", home}};
+    for (const auto& [value, folder] : cases) {
+        ScopedEnv config("XDG_CONFIG_HOME", value);
+        EXPECT_EQ(QtPlatform().PreferencesFolder(), folder) << value.constData();
+    }
     EXPECT_EQ(FileDialogFilter(FileTypes::Text), "text (*.xml *.xsl)");
     EXPECT_EQ(FileDialogFilter(FileTypes::TextXml), "text/xml (*.xml)");
+}
+
+// A locale that writes "2,5" must change no number of the sheet. It is de_DE when installed,
+// else one made by localedef under a LOCPATH of our own.
+TEST(AppLocale, CommaDecimalLocaleChangesNoNumber) {
+    namespace fs = std::filesystem;
+    const fs::path dir = fs::temp_directory_path() / ("zeph-locale-" + std::to_string(getpid()));
+    const bool built = !std::setlocale(LC_ALL, "de_DE.UTF-8");
+    const std::string command =
+        "localedef -i de_DE -f UTF-8 '" + (dir / "de_DE.UTF-8").string() + "' >/dev/null 2>&1";
+    if (built && fs::create_directories(dir) && std::system(command.c_str()) != -1)
+        setenv("LOCPATH", dir.c_str(), 1);
+    test::GuiTestApp();
+    // What QApplication does at its start; repeated in case this binary's app already existed.
+    ScopedEnv all("LC_ALL", "de_DE.UTF-8");
+    const bool comma =
+        std::setlocale(LC_ALL, "") && std::localeconv()->decimal_point == std::string(",");
+    if (comma) {
+        EXPECT_EQ(Val("2.5"), 2.5);
+        EXPECT_EQ(Val("-1.5e1x"), -15);
+        EXPECT_EQ(CDbl("1,250.5"), 1250.5);
+        EXPECT_EQ(CDbl("2,5"), 25);
+        EXPECT_EQ(Str(2.5), "2.5");
+        EXPECT_EQ(Str(0.1 + 0.2), "0.3");
+    }
+    std::setlocale(LC_ALL, "C");
+    if (built) unsetenv("LOCPATH"), fs::remove_all(dir);
+    if (!comma) GTEST_SKIP() << "no comma-decimal locale here (localedef or de_DE missing)";
 }
 
 }  // namespace

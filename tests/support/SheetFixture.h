@@ -1,4 +1,4 @@
-// A sheet over a small rule data text, with a scripted platform that records every message.
+// A sheet over rule data, with a scripted platform that records every message.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -14,25 +14,21 @@
 
 namespace zeph::testing {
 
-inline std::string SamplePath() { return std::string(ZEPHALON_SOURCE_DIR) + "/data/rules/sample.xml"; }
-
 class SheetTest : public ::testing::Test {
 protected:
-    SheetTest() : platform("/nonexistent-prefs", "/nonexistent-app", "/tmp") {}
-
-    // Makes the sheet over the rule data text (a whole document).
-    void UseRules(const std::string& xml) {
-        data.xdata = RuleData::LoadText(xml);
-        sheet = std::make_unique<CharacterSheet>(data, platform, SheetOperations());
+    // Starts over empty rule data; UseSmallRules() remakes it over tests/data/small_rules.xml.
+    SheetTest() : platform("/nonexistent-prefs", "/nonexistent-app", "/tmp") {
+        MakeSheet(RuleData::LoadText("<zephalondata/>"));
     }
     // A rule data file of the rules tests, in tests/data.
     void UseTestRules(const std::string& file) {
-        data.xdata = RuleData::LoadFile(std::string(ZEPHALON_SOURCE_DIR) + "/tests/data/" + file);
-        sheet = std::make_unique<CharacterSheet>(data, platform, SheetOperations());
+        MakeSheet(RuleData::LoadFile(ZEPHALON_SOURCE_DIR "/tests/data/" + file));
     }
     void UseSmallRules() { UseTestRules("small_rules.xml"); }
-    void UseSample() {
-        data.xdata = RuleData::LoadFile(SamplePath());
+    void UseSample() { MakeSheet(RuleData::LoadFile(ZEPHALON_SOURCE_DIR "/data/rules/sample.xml")); }
+    void UseRules(const std::string& xml) { MakeSheet(RuleData::LoadText(xml)); }
+    void MakeSheet(std::unique_ptr<RuleData> rules) {
+        data.xdata = std::move(rules);
         sheet = std::make_unique<CharacterSheet>(data, platform, SheetOperations());
     }
     // Appends a row of QualityListBox with the given cells (column, text).
