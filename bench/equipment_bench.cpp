@@ -5,13 +5,8 @@
 
 #include <string>
 
-#include "in_turns.h"
-#include "large_rule_data.h"
-#include "platform/ScriptedPlatform.h"
-#include "ruledata/DataModule.h"
+#include "bench_sheet.h"
 #include "rules/Equipment.h"
-#include "rules/SheetOperations.h"
-#include "sheet/CharacterSheet.h"
 
 namespace zeph::bench {
 namespace {
@@ -19,11 +14,8 @@ namespace {
 constexpr int kItems = 3;
 
 // A page as a player leaves it: the first items of the file's first type, Strength 12.
-struct EquipmentPage {
-    explicit EquipmentPage(const std::string& path)
-        : platform("/nonexistent-prefs", "/nonexistent-app", "/tmp"),
-          sheet(data, platform, SheetOperations()) {
-        data.xdata = RuleData::LoadFile(path);
+struct EquipmentPage : BenchSheet {
+    explicit EquipmentPage(const std::string& path) : BenchSheet(path) {
         LoadEquipmentType(sheet);
         sheet.EquipmentTypePopup.SetListIndex(0);
         const std::vector<std::string> items = EquipmentField_ConstructContextualMenu(sheet);
@@ -36,22 +28,17 @@ struct EquipmentPage {
         sheet.EquipmentField.SetStyled(page);
         EncumButton_Action(sheet);
     }
-    DataModule data;
-    ScriptedPlatform platform;
-    CharacterSheet sheet;
     StyledText page;
 };
 
 void Encumbrance(benchmark::State& state, std::string (*path)()) {
     EquipmentPage page(path());
     for (auto _ : state) page.Press();
+    page.Failed(state);
 }
 
 void EncumbranceLargeOverSample(benchmark::State& state) {
-    EquipmentPage sample(SampleRuleDataPath());
-    EquipmentPage large(LargeRuleDataPath());
-    TimeInTurns(
-        state, "large_over_sample", [&] { sample.Press(); }, [&] { large.Press(); });
+    LargeOverSample<EquipmentPage>(state, [](EquipmentPage& page) { page.Press(); });
 }
 
 BENCHMARK_CAPTURE(Encumbrance, sample, &SampleRuleDataPath)->Unit(benchmark::kMicrosecond);

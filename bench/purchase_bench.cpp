@@ -8,13 +8,8 @@
 #include <utility>
 #include <vector>
 
-#include "in_turns.h"
-#include "large_rule_data.h"
-#include "platform/ScriptedPlatform.h"
-#include "ruledata/DataModule.h"
+#include "bench_sheet.h"
 #include "rules/Metaphysics.h"
-#include "rules/SheetOperations.h"
-#include "sheet/CharacterSheet.h"
 
 namespace zeph::bench {
 namespace {
@@ -40,19 +35,18 @@ std::vector<std::pair<std::string, std::string>> Entries(const RuleData& rules,
 
 // The sheet's operations without the type lists' own changes: a pick sets the type's text
 // and only the name's change is timed.
-OperationTable WithoutTypeChanges() {
-    OperationTable table = SheetOperations();
-    table.erase("QualityTypePopup_Change");
-    table.erase("MetaTypePopup_Change");
+const OperationTable& WithoutTypeChanges() {
+    static const OperationTable table = [] {
+        OperationTable t = SheetOperations();
+        t.erase("QualityTypePopup_Change");
+        t.erase("MetaTypePopup_Change");
+        return t;
+    }();
     return table;
 }
 
-struct Purchases {
-    explicit Purchases(const std::string& path)
-        : platform("/nonexistent-prefs", "/nonexistent-app", "/tmp"),
-          operations(WithoutTypeChanges()),
-          sheet(data, platform, operations) {
-        data.xdata = RuleData::LoadFile(path);
+struct Purchases : BenchSheet {
+    explicit Purchases(const std::string& path) : BenchSheet(path, WithoutTypeChanges()) {
         qualities = Entries(*data.xdata, "qualities", '\'');
         metaphysics = Entries(*data.xdata, "metaphysics", '"');
         // Twenty quality rows, the first of each type that offers metaphysics among them.
@@ -83,15 +77,6 @@ struct Purchases {
         sheet.MetaTypePopup.SetText(longestType);
         MetaTypePopup_Change(sheet);
     }
-    bool Failed(benchmark::State& state) const {
-        if (platform.Messages().empty()) return false;
-        state.SkipWithError(platform.Messages().front().c_str());
-        return true;
-    }
-    DataModule data;
-    ScriptedPlatform platform;
-    OperationTable operations;
-    CharacterSheet sheet;
     std::vector<std::pair<std::string, std::string>> qualities, metaphysics;
     std::string longestType;
     std::size_t next = 0;
@@ -119,27 +104,23 @@ void MetaTypeList(benchmark::State& state, std::string (*path)()) {
 }
 
 template <void (Purchases::*Work)()>
-void LargeOverSample(benchmark::State& state) {
-    Purchases sample(SampleRuleDataPath());
-    Purchases large(LargeRuleDataPath());
-    TimeInTurns(
-        state, "large_over_sample", [&] { (sample.*Work)(); }, [&] { (large.*Work)(); });
-    if (!sample.Failed(state)) large.Failed(state);
+void PurchaseLargeOverSample(benchmark::State& state) {
+    LargeOverSample<Purchases>(state, [](Purchases& p) { (p.*Work)(); });
 }
 
 BENCHMARK_CAPTURE(PickQuality, sample, &SampleRuleDataPath)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(PickQuality, large, &LargeRuleDataPath)->Unit(benchmark::kMicrosecond);
-BENCHMARK(LargeOverSample<&Purchases::PickQuality>)
+BENCHMARK(PurchaseLargeOverSample<&Purchases::PickQuality>)
     ->Name("Ratio/pick_quality")
     ->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(PickMeta, sample, &SampleRuleDataPath)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(PickMeta, large, &LargeRuleDataPath)->Unit(benchmark::kMicrosecond);
-BENCHMARK(LargeOverSample<&Purchases::PickMeta>)
+BENCHMARK(PurchaseLargeOverSample<&Purchases::PickMeta>)
     ->Name("Ratio/pick_meta")
     ->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(MetaTypeList, sample, &SampleRuleDataPath)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(MetaTypeList, large, &LargeRuleDataPath)->Unit(benchmark::kMicrosecond);
-BENCHMARK(LargeOverSample<&Purchases::ListLongestMetaType>)
+BENCHMARK(PurchaseLargeOverSample<&Purchases::ListLongestMetaType>)
     ->Name("Ratio/meta_type_list")
     ->Unit(benchmark::kMicrosecond);
 

@@ -4,13 +4,8 @@
 
 #include <string>
 
-#include "in_turns.h"
-#include "large_rule_data.h"
-#include "platform/ScriptedPlatform.h"
-#include "ruledata/DataModule.h"
+#include "bench_sheet.h"
 #include "rules/SecondaryAttributes.h"
-#include "rules/SheetOperations.h"
-#include "sheet/CharacterSheet.h"
 
 namespace zeph::bench {
 namespace {
@@ -26,7 +21,8 @@ void PrepareSheet(CharacterSheet& sheet, const RuleData& rules) {
         rules.Query("//charactertype/type[@value='" + type + "']/name").Item(0).Attribute("value");
     sheet.CharacterTypePopup.SetText(type);
     sheet.ChooseCharPopup.SetText(choice);
-    for (int a = 0; a < kAttributeCount; ++a) sheet.AttributeOf(a).field.SetText(std::to_string(2 + a % 3));
+    for (int a = 0; a < kAttributeCount; ++a)
+        sheet.AttributeOf(a).field.SetText(std::to_string(2 + a % 3));
 
     XmlNodeList names = rules.Query("//qualities/type/name");
     ListItem& list = sheet.QualityListBox;
@@ -47,22 +43,11 @@ void PrepareSheet(CharacterSheet& sheet, const RuleData& rules) {
     }
 }
 
-// A sheet prepared on one rule data file, kept apart from every other sheet.
-struct PreparedSheet {
-    explicit PreparedSheet(const std::string& path)
-        : platform("/nonexistent-prefs", "/nonexistent-app", "/tmp"), sheet(data, platform, SheetOperations()) {
-        data.xdata = RuleData::LoadFile(path);
+// A sheet prepared on one rule data file.
+struct PreparedSheet : BenchSheet {
+    explicit PreparedSheet(const std::string& path) : BenchSheet(path) {
         PrepareSheet(sheet, *data.xdata);
     }
-    // A failure report would mean the runs timed an abandoned recomputation.
-    bool Failed(benchmark::State& state) const {
-        if (platform.Messages().empty()) return false;
-        state.SkipWithError(platform.Messages().front().c_str());
-        return true;
-    }
-    DataModule data;
-    ScriptedPlatform platform;
-    CharacterSheet sheet;
 };
 
 void Recompute(benchmark::State& state, std::string (*path)()) {
@@ -73,12 +58,8 @@ void Recompute(benchmark::State& state, std::string (*path)()) {
 
 // The target is stated as large over sample: both sheets recompute in turns.
 void RecomputeLargeOverSample(benchmark::State& state) {
-    PreparedSheet sample(SampleRuleDataPath());
-    PreparedSheet large(LargeRuleDataPath());
-    TimeInTurns(
-        state, "large_over_sample", [&] { FigureSecondaryAttributes(sample.sheet); },
-        [&] { FigureSecondaryAttributes(large.sheet); });
-    if (!sample.Failed(state)) large.Failed(state);
+    LargeOverSample<PreparedSheet>(state,
+                                   [](PreparedSheet& p) { FigureSecondaryAttributes(p.sheet); });
 }
 
 BENCHMARK_CAPTURE(Recompute, sample, &SampleRuleDataPath)->Unit(benchmark::kMicrosecond);

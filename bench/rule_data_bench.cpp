@@ -39,9 +39,11 @@ std::vector<std::vector<std::string>> QueryFamilies(const RuleData& data) {
         for (const char* leaf : names) out.push_back(base + "/" + leaf);
     };
 
-    family() = {"//zephalondata", "zephalondata/tabledata/table", "//charactertype/type",
-                "//concepts/name", "//associations/name", "//qualities/type", "//skills/category",
-                "//martialarts/name", "//visualizations/name", "//metaphysics/type",
+    family() = {"//zephalondata",        "zephalondata/tabledata/table",
+                "//charactertype/type",  "//concepts/name",
+                "//associations/name",   "//qualities/type",
+                "//skills/category",     "//martialarts/name",
+                "//visualizations/name", "//metaphysics/type",
                 "//equipment/type"};
 
     auto& tables = family();
@@ -50,7 +52,8 @@ std::vector<std::vector<std::string>> QueryFamilies(const RuleData& data) {
         std::string base = "zephalondata/tabledata/table[@name=\"" + table + "\"]";
         leaves(tables, base, {"columnheading", "row"});
         int rows = data.Query(base + "/row").Count();
-        for (int n = 1; n <= rows; ++n) tables.push_back(base + "/row[" + std::to_string(n) + "]/column");
+        for (int n = 1; n <= rows; ++n)
+            tables.push_back(base + "/row[" + std::to_string(n) + "]/column");
     }
 
     auto& characters = family();
@@ -62,14 +65,16 @@ std::vector<std::vector<std::string>> QueryFamilies(const RuleData& data) {
             if (!quotable(choice, '\'')) continue;
             std::string c = t + "/name[@value='" + choice + "']";
             characters.push_back(c);
-            leaves(characters, c, {"qualityrequired", "alternateform", "bonuspts", "calculations",
-                                   "creationpts", "dramapts"});
+            leaves(characters, c,
+                   {"qualityrequired", "alternateform", "bonuspts", "calculations", "creationpts",
+                    "dramapts"});
         }
     }
 
     auto& associations = family();
     for (const std::string& a : Values(data, "//associations/name", "value"))
-        if (quotable(a, '\'')) associations.push_back("//associations/name[@value='" + a + "']/notes");
+        if (quotable(a, '\''))
+            associations.push_back("//associations/name[@value='" + a + "']/notes");
 
     auto& qualities = family();
     for (const std::string& type : Values(data, "//qualities/type", "value")) {
@@ -87,7 +92,8 @@ std::vector<std::vector<std::string>> QueryFamilies(const RuleData& data) {
         if (!quotable(name, '\'')) continue;
         std::string n = "//qualities/*/name[@value='" + name + "']";
         anyQuality.push_back(n);
-        leaves(anyQuality, n, {"costs", "notes", "pagereference", "prerequisites", "bonusattr", "bonuspts"});
+        leaves(anyQuality, n,
+               {"costs", "notes", "pagereference", "prerequisites", "bonusattr", "bonuspts"});
     }
 
     auto& skills = family();

@@ -7,22 +7,14 @@
 #include <utility>
 #include <vector>
 
-#include "in_turns.h"
-#include "large_rule_data.h"
-#include "platform/ScriptedPlatform.h"
-#include "ruledata/DataModule.h"
-#include "rules/SheetOperations.h"
+#include "bench_sheet.h"
 #include "rules/Skills.h"
-#include "sheet/CharacterSheet.h"
 
 namespace zeph::bench {
 namespace {
 
-struct SkillPicker {
-    explicit SkillPicker(const std::string& path)
-        : platform("/nonexistent-prefs", "/nonexistent-app", "/tmp"),
-          sheet(data, platform, SheetOperations()) {
-        data.xdata = RuleData::LoadFile(path);
+struct SkillPicker : BenchSheet {
+    explicit SkillPicker(const std::string& path) : BenchSheet(path) {
         XmlNodeList categories = data.xdata->Query("//skills/category");
         for (int c = 0; c < categories.Count(); ++c) {
             const std::string category = categories.Item(c).Attribute("value");
@@ -38,14 +30,6 @@ struct SkillPicker {
         sheet.SkillCategoryPopup.SetText(category);
         sheet.SkillPopup.SetText(name);
     }
-    bool Failed(benchmark::State& state) const {
-        if (platform.Messages().empty()) return false;
-        state.SkipWithError(platform.Messages().front().c_str());
-        return true;
-    }
-    DataModule data;
-    ScriptedPlatform platform;
-    CharacterSheet sheet;
     std::vector<std::pair<std::string, std::string>> skills;
     std::size_t next = 0;
 };
@@ -57,11 +41,7 @@ void PickSkill(benchmark::State& state, std::string (*path)()) {
 }
 
 void PickSkillLargeOverSample(benchmark::State& state) {
-    SkillPicker sample(SampleRuleDataPath());
-    SkillPicker large(LargeRuleDataPath());
-    TimeInTurns(
-        state, "large_over_sample", [&] { sample.PickNext(); }, [&] { large.PickNext(); });
-    if (!sample.Failed(state)) large.Failed(state);
+    LargeOverSample<SkillPicker>(state, [](SkillPicker& picker) { picker.PickNext(); });
 }
 
 BENCHMARK_CAPTURE(PickSkill, sample, &SampleRuleDataPath)->Unit(benchmark::kMicrosecond);
