@@ -158,7 +158,7 @@ TEST_F(Metaphysics, RecordingWritesTheRowAndSumsTheBonuses) {
     MetaListBox_DoubleClick(*sheet);
     ExpectTexts(
         "MetaNameField=Seer's Eye|MetaLevelField=3|MetaXPCostNewField=10|"
-        "MetaPrerequisiteField=Ward,2|MetaCostPerLevelField=1/2");
+        "MetaPrerequisiteField=Ward,2|MetaCostPerLevelField=1/2|MetaCostField=3|MetaXPCostField=0");
     EXPECT_EQ(sheet->m_row, 1);
     EXPECT_EQ(sheet->m_attributes[0] * 10 + sheet->m_attributes[6], 12);
     EXPECT_EQ(sheet->m_bonuspts[5], "1");

@@ -178,6 +178,11 @@ TEST_F(Skills, TheFreePoolOfEachMode) {
     EXPECT_EQ(Moves(), "Mirror Hall,6,;");
     Menu("Increase +");  // 12 free points, cap 6
     EXPECT_EQ(Moves(), "Mirror Hall,6,;");
+    sheet->SkillLevelField.SetText("2");  // 8 free points: 6 taken, then 1 left after the new rows
+    Menu("Silent Garden");
+    sheet->SkillMartialVisualListBox.SetListIndex(1);
+    Menu("Increase +");  // the last free point still raises
+    EXPECT_EQ(Moves(), "Mirror Hall,6,;Silent Garden,2,;");
 }
 
 TEST_F(Skills, PastThePoolMovesAreBoughtWithExperience) {
@@ -226,10 +231,20 @@ TEST_F(Skills, ReopeningASkillRestoresItsMovesInOrderWithTheirMarks) {
     SkillListBox_DoubleClick(*sheet);
     EXPECT_EQ(Moves(), "*Punch,2,B;Kick,1,6;");
     EXPECT_EQ(sheet->SkillMartialVisualListBox.Heading(0), "Combat Move");
+    ASSERT_TRUE(sheet->SkillMartialVisualListBox.Visible());
     Menu("Toggle Basic Move");  // nothing selected: nothing toggled
     sheet->SkillListBox.SetListIndex(1);
     SkillListBox_DoubleClick(*sheet);
     EXPECT_EQ(Moves(), "Mirror Hall,3,;*Odd,1,;");
+    SkillRecordButton_Action(*sheet);  // stored, and the list goes away with the skill
+    EXPECT_FALSE(sheet->SkillMartialVisualListBox.Visible());
+    EXPECT_EQ(JoinFields(sheet->visualizations, ";"), "*Odd,1,;Mirror Hall,3,");
+    sheet->SkillListBox.SetListIndex(0);
+    SkillListBox_DoubleClick(*sheet);
+    sheet->SkillListBox.AddRow("Brawling");
+    sheet->SkillListBox.SetListIndex(2);
+    SkillListBox_DoubleClick(*sheet);
+    EXPECT_FALSE(sheet->SkillMartialVisualListBox.Visible());
 }
 
 TEST_F(Skills, TheMenuOffersTheStyleSpecialMovesOrAllMoves) {
