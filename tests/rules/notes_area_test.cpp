@@ -1,5 +1,4 @@
 #include "rules/NotesArea.h"
-
 #include "support/SheetFixture.h"
 
 namespace zeph::testing {
@@ -7,48 +6,37 @@ namespace {
 
 class NotesArea : public SheetTest {
   protected:
-    void Click(const std::string& button) {
-        sheet->Operations().at(button + "Button_Action").run(*sheet, "");
-    }
-    // The current name, then the pressed buttons and shown fields: ": NotesButton NotesField".
+    // The current name, pressed buttons, shown fields, AltForm's first line: ": NotesField |".
     std::string State() {
-        std::string state = sheet->Properties().Find("currentNotesButton")->get() + ":";
+        std::string state = sheet->currentNotesButton + ":";
         for (std::string name : {"Notes", "Contacts", "History", "AltForm"}) {
             if (dynamic_cast<FlagItem&>(*sheet->Items().Find(name + "Button")).Value())
                 state += " " + name + "Button";
             if (sheet->Items().Find(name + "Field")->Visible()) state += " " + name + "Field";
         }
-        return state;
+        return state + " |" + NthField(sheet->AltFormField.Text(), "\n", 1);
     }
 };
 
-TEST_F(NotesArea, ClicksPressOneButtonAndShowOneField) {
-    for (auto [clicks, expected] :
-         {std::pair{"", ": NotesButton NotesField"},
-          {"Contacts", "Contacts: ContactsButton ContactsField"},
-          {"Notes", ": NotesField"},  // a click on the pressed button only raises it
-          {"History,History", "History: HistoryField"},
-          {"AltForm,Contacts,Notes", "Notes: NotesButton NotesField"}}) {
-        UseSmallRules();
-        for (const std::string& button : SplitFields(clicks, ',')) Click(button);
-        EXPECT_EQ(State(), expected) << clicks;
-    }
-}
-
-TEST_F(NotesArea, AltFormIsWrittenAnewEachTimeItIsBroughtIn) {
+TEST_F(NotesArea, ClicksPressOneButtonShowOneFieldAndWriteTheAltFormAnew) {
     UseSmallRules();
     AddQualityRow("Shifter", {{27, "&&Bear&&Bear"}});
-    Click("AltForm");
-    const std::string generated = sheet->AltFormField.Text();
-    EXPECT_EQ(generated.substr(0, 5), "Bear\n");
-    sheet->AltFormField.SetText("edited");
-    Click("AltForm");
-    EXPECT_EQ(sheet->AltFormField.Text(), "edited") << "raising the button brings nothing in";
-    Click("AltForm");
-    EXPECT_EQ(sheet->AltFormField.Text(), generated);
-
+    // Notes starts pressed. A click on the pressed button only raises it; the AltForm field is
+    // written anew over an edit each time it is brought in.
+    for (auto [button, expected] : {std::pair{"Notes", ": NotesField |edited"},
+                                    {"Contacts", "Contacts: ContactsButton ContactsField |edited"},
+                                    {"History", "History: HistoryButton HistoryField |edited"},
+                                    {"AltForm", "AltForm: AltFormButton AltFormField |Bear"},
+                                    {"AltForm", "AltForm: AltFormField |edited"},
+                                    {"AltForm", "AltForm: AltFormButton AltFormField |Bear"},
+                                    {"Notes", "Notes: NotesButton NotesField |edited"}}) {
+        sheet->AltFormField.SetText("edited");
+        sheet->Operations().at(button + std::string("Button_Action")).run(*sheet, "");
+        EXPECT_EQ(State(), expected) << button;
+    }
     sheet->ContactsButton.SetValue(true);  // as the console's flag does: no click
-    EXPECT_EQ(State(), "AltForm: ContactsButton AltFormButton AltFormField");
+    sheet->Operations().at("SwapFields").run(*sheet, "history");  // any case names the field
+    EXPECT_EQ(State(), "history: NotesButton ContactsButton HistoryField |edited");
 }
 
 }  // namespace

@@ -5,26 +5,21 @@
 namespace zeph {
 namespace {
 
-TEST(StyledText, AppendJoinsARunOnlyToOneOfTheSameStyle) {
-    const StyleRun plain{"a"};
-    StyleRun italic{"b"}, underline{"b"}, font{"b"}, size{"b"}, color{"b"};
-    italic.italic = true;
-    underline.underline = true;
-    font.font = "Serif";
-    size.size = 14;
-    color.color = 0x0000FF;
-    for (const StyleRun& other : {StyleRun{"b", true}, italic, underline, font, size, color}) {
+TEST(StyledText, RunsJoinOnlyWithRunsOfTheSameStyle) {
+    std::vector<StyleRun> others(6, StyleRun{"b"});
+    others[0].bold = others[1].italic = others[2].underline = true;
+    others[3].font = "Serif";
+    others[4].size = 14;
+    others[5].color = 0x0000FF;
+    for (const StyleRun& other : others) {
         StyledText text;
-        text.Append(plain);
-        text.Append(StyleRun{""});
-        text.Append(other);
+        // An empty run adds nothing, not even a run of its own style.
+        for (const StyleRun& run : {StyleRun{"a"}, StyleRun{"", true}, other, other})
+            text.Append(run);
         EXPECT_EQ(text.runs.size(), 2u) << other.font << other.size;
-        text.Append(other);
         EXPECT_EQ(text.runs.back().text, "bb");
     }
-}
-
-TEST(StyledText, SliceAndReplaceKeepTheStylesAroundThem) {
+    // A slice and a replacement keep the styles around them.
     StyledText text{{StyleRun{"one", true}, StyleRun{"two"}, StyleRun{"six", true}}};
     EXPECT_EQ(text.Slice(2, 7).Text(), "etwos");
     EXPECT_EQ(text.Slice(2, 7).runs.size(), 3u);
