@@ -1,6 +1,7 @@
 #include "rules/EntryLists.h"
 
 #include "platform/Platform.h"
+#include "ruledata/RuleData.h"
 #include "ruledata/XmlNode.h"
 #include "sheet/CharacterSheet.h"
 #include "text/TextHelpers.h"
@@ -13,6 +14,20 @@ void AddSeparatorRow(ListItem& list) { list.AddRow("--"); }
 
 void AddValueChoices(ComboItem& combo, const XmlNodeList& nodes) {
     for (int i = 0; i < nodes.Count(); ++i) combo.AddRow(nodes.Item(i).Attribute("value"));
+}
+
+void ReplaceChoices(ComboItem& combo, const XmlNodeList& nodes) {
+    combo.DeleteAllRows();
+    AddValueChoices(combo, nodes);
+}
+
+void LoadChoices(CharacterSheet& sheet, ComboItem& combo, const std::string& query) {
+    try {
+        combo.DeleteAllRows();
+        AddValueChoices(combo, sheet.Rules().Query(query));
+    } catch (const XmlError& failure) {
+        sheet.ShowXmlFailure(failure);
+    }
 }
 
 std::int64_t SelectedRowOr(const ListItem& list, std::int64_t current) {

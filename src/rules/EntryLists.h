@@ -21,6 +21,11 @@ bool IsDeleteKey(const std::string& key);
 void AddSeparatorRow(ListItem& list);
 // Adds the attribute `value` of each node as a choice, in order.
 void AddValueChoices(ComboItem& combo, const XmlNodeList& nodes);
+// Empties the list, then adds the nodes' values.
+void ReplaceChoices(ComboItem& combo, const XmlNodeList& nodes);
+// The loader of a type list: empties it, then fills it from the query; a failure shows its
+// report and leaves the list empty.
+void LoadChoices(CharacterSheet& sheet, ComboItem& combo, const std::string& query);
 
 // The row a double-click pulls back: the last selected one, or `current` when none is.
 std::int64_t SelectedRowOr(const ListItem& list, std::int64_t current);

@@ -84,12 +84,7 @@ void EquipLabel_Open(CharacterSheet& sheet) {
 }
 
 void LoadEquipmentType(CharacterSheet& sheet) {
-    try {
-        sheet.EquipmentTypePopup.DeleteAllRows();
-        AddValueChoices(sheet.EquipmentTypePopup, sheet.Rules().Query("//equipment/type"));
-    } catch (const XmlError& failure) {
-        sheet.ShowXmlFailure(failure);
-    }
+    LoadChoices(sheet, sheet.EquipmentTypePopup, "//equipment/type");
 }
 
 bool EquipmentTypePopup_MouseDown(CharacterSheet& sheet) {

@@ -120,12 +120,7 @@ bool prerequisitesMet(CharacterSheet& sheet) {
 }  // namespace
 
 void LoadMetaTypes(CharacterSheet& sheet) {
-    try {
-        sheet.MetaTypePopup.DeleteAllRows();
-        AddValueChoices(sheet.MetaTypePopup, sheet.Rules().Query("//metaphysics/type"));
-    } catch (const XmlError& failure) {
-        sheet.ShowXmlFailure(failure);
-    }
+    LoadChoices(sheet, sheet.MetaTypePopup, "//metaphysics/type");
 }
 
 void MetaTypePopup_Change(CharacterSheet& sheet) {

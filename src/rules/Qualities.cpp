@@ -106,20 +106,14 @@ void readAltForms(CharacterSheet& sheet, const std::string& column) {
 }  // namespace
 
 void LoadQualityTypes(CharacterSheet& sheet) {
-    try {
-        sheet.QualityTypePopup.DeleteAllRows();
-        AddValueChoices(sheet.QualityTypePopup, sheet.Rules().Query("//qualities/type"));
-    } catch (const XmlError& failure) {
-        sheet.ShowXmlFailure(failure);
-    }
+    LoadChoices(sheet, sheet.QualityTypePopup, "//qualities/type");
 }
 
 void QualityTypePopup_Change(CharacterSheet& sheet) {
     // No handler of its own: a failure goes to the application's.
     XmlNodeList names = sheet.Rules().Query("//qualities/type[@value='" +
                                             sheet.QualityTypePopup.Text() + "']/name");
-    sheet.QualityPopup.DeleteAllRows();
-    AddValueChoices(sheet.QualityPopup, names);
+    ReplaceChoices(sheet.QualityPopup, names);
 }
 
 void PopulateQualityInfo(CharacterSheet& sheet) {

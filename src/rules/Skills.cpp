@@ -80,20 +80,14 @@ void reopenMoves(CharacterSheet& sheet, const std::vector<std::string>& store, b
 }  // namespace
 
 void LoadSkillCategories(CharacterSheet& sheet) {
-    try {
-        sheet.SkillCategoryPopup.DeleteAllRows();
-        AddValueChoices(sheet.SkillCategoryPopup, sheet.Rules().Query("//skills/category"));
-    } catch (const XmlError& failure) {
-        sheet.ShowXmlFailure(failure);
-    }
+    LoadChoices(sheet, sheet.SkillCategoryPopup, "//skills/category");
 }
 
 void SkillCategoryPopup_Change(CharacterSheet& sheet) {
     // No handler of its own: a failure goes to the application's.
     XmlNodeList names = sheet.Rules().Query("//skills/category[@value='" +
                                             sheet.SkillCategoryPopup.Text() + "']/name");
-    sheet.SkillPopup.DeleteAllRows();
-    AddValueChoices(sheet.SkillPopup, names);
+    ReplaceChoices(sheet.SkillPopup, names);
 }
 
 void PopulateSkillInfo(CharacterSheet& sheet) {
