@@ -3,8 +3,11 @@
 #include <filesystem>
 #include <regex>
 
+#include "documents/CharacterFile.h"
+#include "documents/RecentFiles.h"
+#include "documents/SavingCharacters.h"
 #include "platform/Files.h"
-#include "rules/SheetOperations.h"
+#include "shell/SheetOperations.h"
 #include "text/TextHelpers.h"
 
 namespace zeph {
@@ -55,8 +58,9 @@ ScriptRunner::ScriptRunner(std::ostream& out, std::ostream& err,
       err_(err),
       platform_(preferencesFolder, applicationFolder,
                 std::filesystem::temp_directory_path().string()),
-      app_(data_, platform_),
-      sheet_(data_, platform_, SheetOperations()) {
+      app_(data_, platform_) {
+    sheets_.push_back(std::make_unique<CharacterSheet>(data_, platform_, SheetOperations()));
+    sheet_ = sheets_.back().get();
     platform_.SetLineSink([this](const std::string& line) { out_ << line << "\n"; });
 }
 
@@ -98,7 +102,7 @@ void ScriptRunner::failUnreachedExpectations(std::istream& script) {
 }
 
 Item& ScriptRunner::item(const std::string& name) {
-    Item* found = sheet_.Items().Find(name);
+    Item* found = sheet_->Items().Find(name);
     if (found == nullptr) throw ScriptError{"unknown item " + name};
     return *found;
 }
@@ -110,6 +114,11 @@ void ScriptRunner::runLine(const std::string& line) {
         app_.doneloading = app_.LoadDataFile(data_.datafilepath);
         return;
     }
+    if (command == "save") {
+        platform_.QueueAnswer(rest);
+        return SaveAsFile(*sheet_);
+    }
+    if (command == "open") return openCharacter(rest);
     if (command == "answer") {
         platform_.QueueAnswer(UnescapeLineEnds(rest));
         return;
@@ -138,7 +147,7 @@ void ScriptRunner::runLine(const std::string& line) {
 
     auto [name, text] = firstWord(rest);
     if (command == "set") {
-        if (const auto* property = sheet_.Properties().Find(name)) {
+        if (const auto* property = sheet_->Properties().Find(name)) {
             property->set(UnescapeLineEnds(text));
             return;
         }
@@ -174,7 +183,7 @@ void ScriptRunner::doOperation(const std::string& name, const std::string& argum
     const OperationTable& operations = SheetOperations();
     auto found = operations.find(name);
     if (found != operations.end()) {
-        if (auto result = found->second.run(sheet_, argument))
+        if (auto result = found->second.run(*sheet_, argument))
             out_ << name << " = " << EscapeLineEnds(*result) << "\n";
         return;
     }
@@ -185,9 +194,30 @@ void ScriptRunner::doOperation(const std::string& name, const std::string& argum
         out_ << name << " = " << EscapeLineEnds(path) << "\n";
         return;
     }
+    if (name == "OpenRecentMenuItem") return chooseRecentItem(argument);
     if (name == "DataModule.SaveDataFilePreferences")
         return data_.SaveDataFilePreferences(platform_);
     throw ScriptError{"unknown operation " + name};
+}
+
+void ScriptRunner::openCharacter(const std::string& path) {
+    auto opened = std::make_unique<CharacterSheet>(data_, platform_, SheetOperations());
+    // As a new window does: the recent submenu refilled, nothing unsaved yet.
+    RemoveRecentOpenItems(data_);
+    RebuildRecentOpenItems(data_);
+    LoadXMLCharSheet(*opened, path);
+    if (opened->characterClosed) {
+        out_ << "open: the character closed\n";
+        return;
+    }
+    sheets_.push_back(std::move(opened));
+    sheet_ = sheets_.back().get();
+}
+
+void ScriptRunner::chooseRecentItem(const std::string& caption) {
+    const int notice = OpenRecentMenuItem_Action(data_, platform_, caption);
+    LoadingRecentCharacterTimer(data_, platform_, notice,
+                                [this](const std::string& path) { openCharacter(path); });
 }
 
 std::vector<std::pair<std::string, std::string>> ScriptRunner::values(const std::string& name) {
@@ -204,7 +234,7 @@ std::vector<std::pair<std::string, std::string>> ScriptRunner::values(const std:
     };
 
     if (!hasRow && attribute.empty()) {
-        if (const auto* property = sheet_.Properties().Find(base)) return one(property->get());
+        if (const auto* property = sheet_->Properties().Find(base)) return one(property->get());
         if (base == "App.doneloading") return one(boolText(app_.doneloading));
         if (base == "DataModule.zephalondata") return one(data_.zephalondata);
         if (base == "DataModule.datafilepath") return one(data_.datafilepath);
@@ -212,6 +242,8 @@ std::vector<std::pair<std::string, std::string>> ScriptRunner::values(const std:
         if (base == "DataModule.recentItemsName") return one(JoinFields(data_.recentItemsName, ","));
         if (base == "DataModule.recentItemsPaths")
             return one(JoinFields(data_.recentItemsPaths, ","));
+        if (base == "DataModule.recentMenuItems") return one(JoinFields(data_.recentMenuItems, "|"));
+        if (base == "DataModule.recentItemPath") return one(data_.recentItemPath);
         if (base == "DataModule.referenceTables") return one(JoinFields(data_.referenceTables, ","));
     }
 

@@ -4,8 +4,10 @@
 #pragma once
 
 #include <istream>
+#include <memory>
 #include <ostream>
 #include <string>
+#include <vector>
 
 #include "platform/ScriptedPlatform.h"
 #include "ruledata/DataModule.h"
@@ -30,13 +32,18 @@ private:
     // The lines `print NAME` shows, as (name, value) pairs.
     std::vector<std::pair<std::string, std::string>> values(const std::string& name);
     Item& item(const std::string& name);
+    // Opens the character file into a new sheet, which becomes the target if it stays open.
+    void openCharacter(const std::string& path);
+    void chooseRecentItem(const std::string& caption);
 
     std::ostream& out_;
     std::ostream& err_;
     ScriptedPlatform platform_;
     DataModule data_;
     App app_;
-    CharacterSheet sheet_;
+    // Every sheet opened, the first one empty; `sheet_` is the one the commands act on.
+    std::vector<std::unique_ptr<CharacterSheet>> sheets_;
+    CharacterSheet* sheet_ = nullptr;
     int lineNumber_ = 0;
     bool expectationFailed_ = false;
 };

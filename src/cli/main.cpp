@@ -1,18 +1,24 @@
 // zephalon-cli: the console. `zephalon-cli script [--prefs DIR] FILE` runs a script against
-// one character sheet (FILE "-" reads standard input).
+// one character sheet (FILE "-" reads standard input); `zephalon-cli export ...` writes an
+// export of a character file.
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <string>
+#include <vector>
 
+#include "cli/ExportCommand.h"
 #include "cli/ScriptRunner.h"
 
 namespace {
 
 int usage() {
     std::cerr << "usage: zephalon-cli script [--prefs DIR] FILE\n"
-                 "  Runs FILE (\"-\" for standard input) against one character sheet.\n";
+                 "  Runs FILE (\"-\" for standard input) against one character sheet.\n"
+                 "usage: zephalon-cli export --data RULES --format "
+                 "html|text|summary|wiki|custom|xml CHARACTER [-o OUT]\n"
+                 "  Writes the export of CHARACTER to OUT or standard output.\n";
     return 2;
 }
 
@@ -34,6 +40,9 @@ std::string executableFolder(const char* argv0) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (argc >= 2 && std::string(argv[1]) == "export")
+        return zeph::RunExportCommand(std::vector<std::string>(argv + 2, argv + argc),
+                                      executableFolder(argv[0]), std::cout, std::cerr);
     if (argc < 3 || std::string(argv[1]) != "script") return usage();
     std::string prefs = defaultPreferencesFolder();
     int next = 2;

@@ -11,32 +11,70 @@
 namespace zeph {
 namespace fs = std::filesystem;
 
-bool WriteFileAtomically(const std::string& path, const std::string& content) {
-    std::error_code error;
-    fs::path target(path);
-    fs::path folder = target.parent_path().empty() ? fs::path(".") : target.parent_path();
-    if (!fs::is_directory(folder, error)) return false;
+namespace {
 
-    std::random_device random;
-    fs::path temporary =
-        folder / ("." + target.filename().string() + ".tmp" + std::to_string(random()));
-    {
-        std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
-        if (!out) return false;
-        out.write(content.data(), static_cast<std::streamsize>(content.size()));
-        out.flush();
-        if (!out) {
-            out.close();
-            fs::remove(temporary, error);
-            return false;
-        }
+fs::path temporaryBeside(const fs::path& target) {
+    static std::random_device random;
+    fs::path folder = target.parent_path().empty() ? fs::path(".") : target.parent_path();
+    return folder / ("." + target.filename().string() + ".tmp" + std::to_string(random()));
+}
+
+}  // namespace
+
+std::unique_ptr<OutputFile> OutputFile::Create(const std::string& path) {
+    std::error_code error;
+    if (path.empty() || fs::is_directory(path, error)) return nullptr;
+    std::unique_ptr<OutputFile> file(new OutputFile());
+    file->target_ = path;
+    const fs::path temporary = temporaryBeside(path);
+    file->out_.open(temporary, std::ios::binary | std::ios::trunc);
+    if (file->out_) {
+        file->temporary_ = temporary.string();
+        return file;
     }
-    fs::rename(temporary, target, error);
-    if (error) {
-        fs::remove(temporary, error);
-        return false;
+    // A folder that takes no new file may still hold a file we may rewrite.
+    if (fs::is_regular_file(path, error) && access(path.c_str(), W_OK) == 0) return file;
+    return nullptr;
+}
+
+OutputFile::~OutputFile() {
+    if (committed_ || temporary_.empty()) return;
+    out_.close();
+    std::error_code error;
+    fs::remove(temporary_, error);
+}
+
+bool OutputFile::Write(std::string_view text) {
+    if (temporary_.empty()) {
+        pending_.append(text);
+        return true;
     }
-    return true;
+    out_.write(text.data(), static_cast<std::streamsize>(text.size()));
+    if (!out_) failed_ = true;
+    return !failed_;
+}
+
+bool OutputFile::Commit() {
+    if (committed_) return true;
+    if (temporary_.empty()) {
+        std::ofstream inPlace(target_, std::ios::binary | std::ios::trunc);
+        inPlace.write(pending_.data(), static_cast<std::streamsize>(pending_.size()));
+        inPlace.close();
+        committed_ = static_cast<bool>(inPlace);
+        return committed_;
+    }
+    out_.flush();
+    out_.close();
+    if (failed_ || out_.fail()) return false;
+    std::error_code error;
+    fs::rename(temporary_, target_, error);
+    committed_ = !error;
+    return committed_;
+}
+
+bool WriteFileAtomically(const std::string& path, const std::string& content) {
+    std::unique_ptr<OutputFile> file = OutputFile::Create(path);
+    return file && file->Write(content) && file->Commit();
 }
 
 std::optional<std::string> ReadWholeFile(const std::string& path) {

@@ -2,9 +2,12 @@
 // quitting. The Qt app answers with real windows; tests and the console with a script.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
+
+#include "platform/Files.h"
 
 namespace zeph {
 
@@ -21,6 +24,11 @@ inline const FileType TextXml{"text/xml", ".xml"};
 
 enum class SaveChangesAnswer { Save, DontSave, Cancel };
 
+// A moment of the local clock.
+struct LocalDateTime {
+    int year = 0, month = 0, day = 0, hour = 0, minute = 0, second = 0;
+};
+
 class Platform {
 public:
     virtual ~Platform() = default;
@@ -34,8 +42,19 @@ public:
     virtual std::optional<std::string> SaveFileDialog(const FileType& type,
                                                       const std::string& suggestedName) = 0;
     virtual std::optional<std::string> SelectFolderDialog(const std::string& prompt) = 0;
-    // "Save changes to <name> before closing?"
-    virtual SaveChangesAnswer AskSaveChanges(const std::string& documentName) = 0;
+    // The caution box with "Save", "Don't Save" and Cancel.
+    virtual SaveChangesAnswer AskSaveChanges(const std::string& message,
+                                             const std::string& explanation) = 0;
+    // A small window with one text and no controls ("Saving character. Please wait..."),
+    // painted before the work starts; the number closes it again.
+    virtual int ShowNotice(const std::string& text) = 0;
+    virtual void CloseNotice(int notice) = 0;
+
+    // A file to write whole (see OutputFile); null when it cannot be created.
+    virtual std::unique_ptr<OutputFile> CreateOutputFile(const std::string& path) {
+        return OutputFile::Create(path);
+    }
+    virtual LocalDateTime Now();
 
     virtual std::string PreferencesFolder() = 0;
     virtual std::string ApplicationFolder() = 0;

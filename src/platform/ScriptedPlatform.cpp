@@ -70,11 +70,48 @@ std::optional<std::string> ScriptedPlatform::SelectFolderDialog(const std::strin
     return nextPath("folder " + prompt);
 }
 
-SaveChangesAnswer ScriptedPlatform::AskSaveChanges(const std::string& documentName) {
-    std::optional<std::string> answer = nextPath("save changes to " + documentName);
+SaveChangesAnswer ScriptedPlatform::AskSaveChanges(const std::string& message,
+                                                   const std::string& explanation) {
+    std::optional<std::string> answer = nextPath(message + " " + explanation);
     if (answer && EqualsNoCase(*answer, "Save")) return SaveChangesAnswer::Save;
     if (answer && EqualsNoCase(*answer, "Don't Save")) return SaveChangesAnswer::DontSave;
     return SaveChangesAnswer::Cancel;
+}
+
+int ScriptedPlatform::ShowNotice(const std::string& text) {
+    notices_[++nextNotice_] = text;
+    line("notice: " + text);
+    return nextNotice_;
+}
+
+void ScriptedPlatform::CloseNotice(int notice) {
+    auto found = notices_.find(notice);
+    if (found == notices_.end()) return;
+    line("notice closed: " + found->second);
+    notices_.erase(found);
+}
+
+std::vector<std::string> ScriptedPlatform::OpenNotices() const {
+    std::vector<std::string> open;
+    for (const auto& notice : notices_) open.push_back(notice.second);
+    return open;
+}
+
+namespace {
+
+// A disk that is full: nothing written arrives, and nothing takes the target's place.
+class FullDiskFile : public OutputFile {
+public:
+    bool Write(std::string_view) override { return false; }
+    bool Commit() override { return false; }
+};
+
+}  // namespace
+
+std::unique_ptr<OutputFile> ScriptedPlatform::CreateOutputFile(const std::string& path) {
+    if (fileFault_ == FileFault::CannotCreate) return nullptr;
+    if (fileFault_ == FileFault::DiskFull) return std::make_unique<FullDiskFile>();
+    return Platform::CreateOutputFile(path);
 }
 
 void ScriptedPlatform::ShowURL(const std::string& url) { line("url: " + url); }

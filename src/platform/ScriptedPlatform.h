@@ -4,6 +4,7 @@
 
 #include <deque>
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -34,7 +35,16 @@ public:
     std::optional<std::string> SaveFileDialog(const FileType& type,
                                               const std::string& suggestedName) override;
     std::optional<std::string> SelectFolderDialog(const std::string& prompt) override;
-    SaveChangesAnswer AskSaveChanges(const std::string& documentName) override;
+    SaveChangesAnswer AskSaveChanges(const std::string& message,
+                                     const std::string& explanation) override;
+    int ShowNotice(const std::string& text) override;
+    void CloseNotice(int notice) override;
+    // Files are real unless a fault is set: none can be made, or the disk fills while writing.
+    enum class FileFault { None, CannotCreate, DiskFull };
+    void SetFileFault(FileFault fault) { fileFault_ = fault; }
+    std::unique_ptr<OutputFile> CreateOutputFile(const std::string& path) override;
+    // The notices shown and not closed, in the order shown.
+    std::vector<std::string> OpenNotices() const;
     std::string PreferencesFolder() override { return preferencesFolder_; }
     std::string ApplicationFolder() override { return applicationFolder_; }
     std::string TemporaryFolder() override { return temporaryFolder_; }
@@ -56,6 +66,9 @@ private:
     bool quitCalled_ = false;
     int quitCode_ = 0;
     std::string lastDialogFolder_;
+    std::map<int, std::string> notices_;
+    int nextNotice_ = 0;
+    FileFault fileFault_ = FileFault::None;
 };
 
 // Writes line ends as \n and carriage returns as \r, so that any value stays on one line.

@@ -25,6 +25,8 @@ public:
     std::vector<std::string> recentItemsName;
     std::vector<std::string> recentItemsPaths;
     std::string recentItemPath;
+    // The captions of the File menu's recent submenu, top first.
+    std::vector<std::string> recentMenuItems;
     // The names of the reference tables, in order: the Help reference menu.
     std::vector<std::string> referenceTables;
 

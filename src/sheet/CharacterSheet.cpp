@@ -51,6 +51,10 @@ void CharacterSheet::registerProperties() {
     properties_.Add("savedChar", savedChar);
     properties_.Add("title", title);
     properties_.Add("currentNotesButton", currentNotesButton);
+    properties_.Add("portraitPath", portraitPath);
+    properties_.Add("journalWindowIsOpen", journalWindowIsOpen);
+    properties_.Add("portraitWindowIsOpen", portraitWindowIsOpen);
+    properties_.Add("characterClosed", characterClosed);
 }
 
 CharacterSheet::AttributeItems CharacterSheet::AttributeOf(int attribute) {

@@ -5,9 +5,11 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "sheet/AttachedWindow.h"
 #include "sheet/Item.h"
 #include "sheet/Operations.h"
 #include "sheet/Properties.h"
@@ -199,6 +201,15 @@ public:
     bool savedChar = true;
     std::string title = "Zephalon Character Creator";
     std::string currentNotesButton;  // the notes field in place; empty counts as "Notes"
+    std::string portraitPath;
+    // A picture dropped since the character was opened, as the bytes of a PNG file.
+    std::optional<std::string> portraitImage;
+    bool journalWindowIsOpen = false;
+    JournalWindowHandle* journalWindowHandle = nullptr;
+    bool portraitWindowIsOpen = false;
+    AttachedWindow* portraitWindowHandle = nullptr;
+    // Set when the character closes itself (a cancelled or failed open): its window goes.
+    bool characterClosed = false;
 
     // The field, bonus and total items of one primary attribute.
     struct AttributeItems {

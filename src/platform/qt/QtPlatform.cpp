@@ -4,6 +4,8 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
+#include <QLabel>
+#include <QVBoxLayout>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStringList>
@@ -54,11 +56,13 @@ std::optional<std::string> QtPlatform::SelectFolderDialog(const std::string& pro
     return chosen(QFileDialog::getExistingDirectory(dialogParent(), q(prompt)));
 }
 
-SaveChangesAnswer QtPlatform::AskSaveChanges(const std::string& documentName) {
+SaveChangesAnswer QtPlatform::AskSaveChanges(const std::string& message,
+                                             const std::string& explanation) {
     QMessageBox box(dialogParent());
     box.setWindowTitle(QApplication::applicationName());
     box.setIcon(QMessageBox::Warning);
-    box.setText("Save changes to " + q(documentName) + " before closing?");
+    box.setText(q(message));
+    box.setInformativeText(q(explanation));
     QPushButton* save = box.addButton("Save", QMessageBox::AcceptRole);
     QPushButton* dontSave = box.addButton("Don't Save", QMessageBox::DestructiveRole);
     QPushButton* cancel = box.addButton("Cancel", QMessageBox::RejectRole);
@@ -68,6 +72,27 @@ SaveChangesAnswer QtPlatform::AskSaveChanges(const std::string& documentName) {
     if (box.clickedButton() == save) return SaveChangesAnswer::Save;
     if (box.clickedButton() == dontSave) return SaveChangesAnswer::DontSave;
     return SaveChangesAnswer::Cancel;
+}
+
+int QtPlatform::ShowNotice(const std::string& text) {
+    auto* notice = new QWidget(nullptr, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
+    notice->setAttribute(Qt::WA_DeleteOnClose);
+    notice->setWindowTitle(QApplication::applicationName());
+    auto* layout = new QVBoxLayout(notice);
+    layout->addWidget(new QLabel(q(text)));
+    notice->show();
+    // Painted now, before the work that it announces blocks the event loop.
+    notice->repaint();
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    notices_[++nextNotice_] = notice;
+    return nextNotice_;
+}
+
+void QtPlatform::CloseNotice(int notice) {
+    auto found = notices_.find(notice);
+    if (found == notices_.end()) return;
+    if (found->second) found->second->close();
+    notices_.erase(found);
 }
 
 std::string QtPlatform::PreferencesFolder() {

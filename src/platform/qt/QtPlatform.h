@@ -2,7 +2,10 @@
 // browser, and the Qt event loop for quitting.
 #pragma once
 
+#include <QPointer>
 #include <QString>
+#include <QWidget>
+#include <map>
 
 #include "platform/Platform.h"
 
@@ -16,7 +19,10 @@ class QtPlatform : public Platform {
     std::optional<std::string> SaveFileDialog(const FileType& type,
                                               const std::string& suggestedName) override;
     std::optional<std::string> SelectFolderDialog(const std::string& prompt) override;
-    SaveChangesAnswer AskSaveChanges(const std::string& documentName) override;
+    SaveChangesAnswer AskSaveChanges(const std::string& message,
+                                     const std::string& explanation) override;
+    int ShowNotice(const std::string& text) override;
+    void CloseNotice(int notice) override;
 
     std::string PreferencesFolder() override;
     std::string ApplicationFolder() override;
@@ -24,6 +30,10 @@ class QtPlatform : public Platform {
 
     void ShowURL(const std::string& url) override;
     void Quit(int code) override;
+
+  private:
+    std::map<int, QPointer<QWidget>> notices_;
+    int nextNotice_ = 0;
 };
 
 // The file dialog filter of a file type: ".xml;.xsl" named "text" gives "text (*.xml *.xsl)".

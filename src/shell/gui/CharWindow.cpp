@@ -14,7 +14,7 @@
 
 #include "sheet/CharacterSheet.h"
 #include "rules/Equipment.h"
-#include "rules/SheetOperations.h"
+#include "shell/SheetOperations.h"
 #include "shell/gui/CoreCall.h"
 #include "shell/gui/ItemBinding.h"
 

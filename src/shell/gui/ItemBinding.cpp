@@ -20,7 +20,7 @@
 #include <utility>
 
 #include "sheet/CharacterSheet.h"
-#include "rules/SheetOperations.h"
+#include "shell/SheetOperations.h"
 
 namespace zeph::gui {
 namespace {

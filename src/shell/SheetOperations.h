@@ -1,4 +1,5 @@
-// The table of every operation of a sheet by name: the sheet's own and each rule area's.
+// The table of every operation of a sheet by name: the sheet's own, each rule area's and the
+// saving and opening of its file.
 // A sheet is made with it, and the window and the console call operations through it.
 #pragma once
 

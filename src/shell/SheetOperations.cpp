@@ -1,5 +1,6 @@
-#include "rules/SheetOperations.h"
+#include "shell/SheetOperations.h"
 
+#include "documents/SavingCharacters.h"
 #include "rules/AlternateForms.h"
 #include "rules/CharacterTypes.h"
 #include "rules/Equipment.h"
@@ -29,6 +30,7 @@ const OperationTable& SheetOperations() {
         AddAlternateFormOperations(t);
         AddNotesAreaOperations(t);
         AddEquipmentOperations(t);
+        AddSavingOperations(t);
         return t;
     }();
     return table;

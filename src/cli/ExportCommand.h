@@ -1,0 +1,16 @@
+// `zephalon-cli export`: a character file through one of the export forms, for scripts and
+// batch use, with the same stylesheets and results as the export window.
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace zeph {
+
+// Arguments after "export": --data RULES --format html|text|summary|wiki|custom|xml CHARACTER
+// [-o OUT]. Returns the exit status: 0 written, 2 for a usage error or a missing file.
+int RunExportCommand(const std::vector<std::string>& arguments, const std::string& applicationFolder,
+                     std::ostream& out, std::ostream& err);
+
+}  // namespace zeph

@@ -1,0 +1,107 @@
+#include "documents/ExportWindow.h"
+
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "documents/CharacterFile.h"
+#include "documents/Transform.h"
+#include "platform/Platform.h"
+#include "ruledata/XmlError.h"
+#include "sheet/CharacterSheet.h"
+#include "text/TextHelpers.h"
+
+namespace zeph {
+namespace {
+
+const ExportForm kForms[] = {{"XML", "", false, false},
+                             {"HTML", "zephtml.xsl", false, true},
+                             {"Text", "zeptext.xsl", true, false},
+                             {"Summary", "zepsummary.xsl", true, false},
+                             {"Wiki Code", "zepwiki.xsl", true, false},
+                             {"Custom", "custom.xsl", false, false}};
+
+std::string withoutDeclaration(std::string text) {
+    for (std::size_t at = text.find(kXmlDeclaration); at != std::string::npos;
+         at = text.find(kXmlDeclaration, at))
+        text.erase(at, std::string(kXmlDeclaration).size());
+    return text;
+}
+
+}  // namespace
+
+const ExportForm* FindExportForm(const std::string& name) {
+    for (const ExportForm& form : kForms)
+        if (EqualsNoCase(form.name, name)) return &form;
+    return nullptr;
+}
+
+ExportWindow::ExportWindow(CharacterSheet& callingWindow) : callingWindow_(callingWindow) {
+    PopupMenu1.Observe([this](ItemChange change) {
+        if (change == ItemChange::Selection) PopupMenu1_Change();
+    });
+}
+
+void ExportWindow::GetXML() {
+    xchar_ = SaveXMLChar(callingWindow_);
+    title_ = callingWindow_.NameField.Text();
+}
+
+std::string ExportWindow::RunTransform(const std::string& fileName) {
+    Platform& platform = callingWindow_.Host();
+    std::string path = JoinPath(platform.ApplicationFolder(), fileName);
+    if (!IsExistingFile(path)) {
+        platform.MsgBox("Please locate the " + fileName + " file.");
+        const auto located = platform.OpenFileDialog(FileTypes::Text, "");
+        if (!located) return "";
+        path = *located;
+    }
+    try {
+        return TransformDocument(xchar_.raw(), path);
+    } catch (const XmlError& failure) {
+        callingWindow_.ShowXmlFailure(failure);
+        return "";
+    }
+}
+
+void ExportWindow::PopupMenu1_Change() {
+    GetXML();
+    const ExportForm* form = FindExportForm(PopupMenu1.Text());
+    if (form == nullptr) return;
+    if (std::string(form->name) != "XML") SaveButton.SetValue(true);
+    std::string result = *form->stylesheet ? RunTransform(form->stylesheet) : xchar_.Serialise();
+    EditField1.SetText(form->withoutDeclaration ? withoutDeclaration(result) : result);
+    PreviewButton.SetVisible(form->preview);
+}
+
+void ExportWindow::PreviewButton_Action() {
+    Platform& platform = callingWindow_.Host();
+    static int previews = 0;
+    const std::string path = JoinPath(platform.TemporaryFolder(),
+                                      "zephalon-preview-" + std::to_string(::getpid()) + "-" +
+                                          std::to_string(++previews) + ".html");
+    auto file = platform.CreateOutputFile(path);
+    if (!file || !file->Write(EditField1.Text() + "\n") || !file->Commit()) return;
+    platform.ShowURL("file://" + path);
+}
+
+void ExportWindow::SaveButton_Action() {
+    Platform& platform = callingWindow_.Host();
+    const std::string extension = PopupMenu1.Text() == "HTML" ? ".html" : ".txt";
+    const std::string defaultName = title_ + extension;
+    const auto chosen = platform.SaveFileDialog(FileTypes::Text, defaultName);
+    if (!chosen) return;
+    // The name is always rewritten: the text behind its first "." never starts with one.
+    std::filesystem::path path(*chosen);
+    path.replace_filename(NthField(path.filename().string(), ".", 1) + extension);
+    auto file = platform.CreateOutputFile(path.string());
+    if (!file) return;
+    if (!file->Write(EditField1.Text() + "\n") || !file->Commit()) {
+        platform.MsgBox("The export could not be saved to " + path.string() +
+                        ". The disk may be full.");
+        return;
+    }
+    platform.MsgBox(defaultName + " Saved.");
+}
+
+}  // namespace zeph
