@@ -1,0 +1,219 @@
+#include <filesystem>
+#include <fstream>
+
+#include "documents/CharacterFile.h"
+#include "documents/SavingCharacters.h"
+#include "support/SheetFixture.h"
+
+namespace zeph::testing {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Every item the file keeps, each given a text of its own before the save. Not here: the extra
+// stats and the attribute bonuses, which the load's quality bonuses rewrite.
+const char* const kSavedItems =
+    "NameField|PlayerField|ConceptBox|CharacterTypePopup|ChooseCharPopup|AssociationCombo|"
+    "AssociationField|StrengthField|DexterityTotal|ConstitutionTotal|IntelligenceField|"
+    "PerceptionField|WillpowerTotal|LifePointsBonus|LifePointsTotal|"
+    "EnduranceBonus|EnduranceTotal|SpeedBonus|SpeedTotal|EssenceBonus|EssenceTotal|"
+    "SavedExperienceField|SpentExperienceField|AttributeField|QualityField|DrawbackField|"
+    "SkillField|MetaField|GenderField|AgeField|HairField|RaceField|HeightField|WeightField|"
+    "EyesField|NotesField|HistoryField|ContactsField|AltFormField";
+
+class CharacterFileTest : public SheetTest {
+protected:
+    CharacterFileTest() : folder(fs::temp_directory_path() / ("zeph-file-" + std::to_string(getpid()))) {
+        fs::create_directories(folder);
+        data.zephalondata = "ZSB WC";
+    }
+    ~CharacterFileTest() override { fs::remove_all(folder); }
+
+    std::string Write(const std::string& name, const std::string& text) {
+        const std::string path = (folder / name).string();
+        std::ofstream(path) << text;
+        return path;
+    }
+    // Loads the file into a new sheet, which takes the place of the old one.
+    void Reopen(const std::string& path) {
+        sheet = std::make_unique<CharacterSheet>(data, platform, SheetOperations());
+        LoadXMLCharSheet(*sheet, path);
+    }
+    void SaveAndReopen() { Reopen(Write("c.xml", CharacterFileText(*sheet))); }
+    static std::string Character(const std::string& children, const std::string& books = "ZSB WC") {
+        return "<character name='Ann' books='" + books + "'>" + children + "</character>";
+    }
+
+    fs::path folder;
+};
+
+void FillRow(ListItem& list, const std::string& tag) {
+    list.AddRow(tag + "0");
+    for (int column = 1; column < list.ColumnCount(); ++column)
+        list.SetCell(list.LastIndex(), column, tag + Str(column));
+}
+
+TEST_F(CharacterFileTest, RoundTripKeepsEveryItemRowMoveFlagAndRun) {
+    // The flags first: the option box recomputes the totals.
+    sheet->OptionalSkillPointBox.SetValue(true);
+    sheet->CharacterInPlayBox.SetValue(true);
+    for (const std::string& name : SplitFields(kSavedItems, '|')) {
+        Item* item = const_cast<Item*>(sheet->Items().Find(name));
+        if (auto* text = dynamic_cast<TextItem*>(item)) text->SetText("v " + name);
+        if (auto* combo = dynamic_cast<ComboItem*>(item)) combo->SetText("v " + name);
+    }
+    StyleRun bold("Dagger");
+    bold.bold = true;
+    bold.color = 0x336699;  // blue is not green: comes back 0x336666
+    sheet->EquipmentField.SetStyled({{bold, StyleRun{"\nrope"}}});
+    sheet->JournalField.SetText("Day one");
+    sheet->StrengthBonus.SetText("2");
+    FillRow(sheet->QualityListBox, "q");
+    sheet->QualityListBox.SetCell(0, 1, "1");   // level 1,
+    sheet->QualityListBox.SetCell(0, 11, "3");  // strength +3
+    FillRow(sheet->SkillListBox, "s");
+    FillRow(sheet->SkillListBox, "t");
+    FillRow(sheet->MetaListBox, "m");
+    sheet->martialmaneuvers = {"Kick,2,1,dropped"};
+    sheet->visualizations = {"Lucid Dream,3,0"};
+    sheet->mentalBonus = 2;
+    sheet->physicalBonus = -1;
+    sheet->portraitPath = "/pictures/ann.png";
+    const CharacterSheet& before = *sheet;
+    const std::string written = CharacterFileText(*sheet);
+    auto keep = std::move(sheet);
+
+    Reopen(Write("c.xml", written));
+    for (const std::string& name : SplitFields(kSavedItems, '|')) {
+        const Item* item = sheet->Items().Find(name);
+        const std::string text = dynamic_cast<const TextItem*>(item)
+                                     ? dynamic_cast<const TextItem*>(item)->Text()
+                                     : dynamic_cast<const ComboItem*>(item)->Text();
+        EXPECT_EQ(text, "v " + name) << name;
+    }
+    for (const ListItem* list : {&before.QualityListBox, &before.SkillListBox, &before.MetaListBox}) {
+        const auto& loaded = dynamic_cast<const ListItem&>(*sheet->Items().Find(list->Name()));
+        ASSERT_EQ(loaded.ListCount(), list->ListCount()) << list->Name();
+        for (int row = 0; row < list->ListCount(); ++row)
+            EXPECT_EQ(Cells(loaded, row, 0, list->ColumnCount() - 1),
+                      Cells(*list, row, 0, list->ColumnCount() - 1));
+    }
+    EXPECT_EQ(JoinFields(sheet->martialmaneuvers, ";") + ";" + JoinFields(sheet->visualizations, ";"),
+              "Kick,2,1;Lucid Dream,3,0");
+    EXPECT_TRUE(sheet->OptionalSkillPointBox.Value() && sheet->CharacterInPlayBox.Value());
+    EXPECT_EQ(Str(sheet->mentalBonus) + Str(sheet->physicalBonus), "2-1");
+    EXPECT_EQ(sheet->StrengthBonus.Text(), "5");  // the stored bonus and the quality's again
+    EXPECT_EQ(sheet->portraitPath, "/pictures/ann.png");
+    ASSERT_EQ(sheet->EquipmentField.Styled().runs.size(), 2u);
+    EXPECT_TRUE(sheet->EquipmentField.Styled().runs[0].bold);
+    EXPECT_EQ(sheet->EquipmentField.Styled().runs[0].color, 0x336666u);
+    EXPECT_EQ(sheet->JournalField.Text(), "Day one");
+    EXPECT_FALSE(sheet->JournalField.Visible());
+    EXPECT_TRUE(sheet->NotesField.Visible());
+    EXPECT_FALSE(sheet->HistoryField.Visible() || sheet->ContactsField.Visible() ||
+                 sheet->AltFormField.Visible());
+    // A load ends saved, with the title of the character and the file bound.
+    EXPECT_TRUE(sheet->savedChar);
+    EXPECT_FALSE(sheet->loadingCharFile);
+    EXPECT_EQ(sheet->title, "Zephalon CC: v NameField");
+    EXPECT_EQ(sheet->fileSaveString, (folder / "c.xml").string());
+    EXPECT_EQ(platform.OpenNotices().size(), 0u);
+    // Saved again, the file is the same but for the colour that lost its blue.
+    std::string expected = written.substr(written.find("<player"));
+    const auto replace = [&](const std::string& from, const std::string& to) {
+        expected.replace(expected.find(from), from.size(), to);
+    };
+    replace("#336699\" cd=\"51 102 153", "#336666\" cd=\"51 102 102");
+    replace("bonus=\"2\"", "bonus=\"5\"");
+    const std::string again = CharacterFileText(*sheet);
+    EXPECT_EQ(again.substr(again.find("<player")), expected);
+}
+
+TEST_F(CharacterFileTest, ElementsStandInTheOrderOfTheFormat) {
+    sheet->PlayerField.SetText("p");
+    sheet->ConceptBox.SetText("c");
+    sheet->AssociationField.SetText("a");
+    sheet->ExtraStatsField.SetText("e");
+    sheet->QualityListBox.AddRow("q");
+    sheet->SkillListBox.AddRow("s");
+    sheet->MetaListBox.AddRow("m");
+    sheet->martialmaneuvers = {"k,1,1"};
+    sheet->visualizations = {"v,1,1"};
+    for (TextItem* field : {&sheet->NotesField, &sheet->HistoryField, &sheet->ContactsField,
+                            &sheet->AltFormField, &sheet->EquipmentField, &sheet->JournalField})
+        field->SetText("x");
+    sheet->portraitPath = "p.png";
+    const auto document = RuleData::LoadText(CharacterFileText(*sheet));
+    std::string order;
+    const XmlNodeList children = document->Query("/character/*");
+    for (int n = 0; n < children.Count(); ++n) order += children.Item(n).Name() + " ";
+    EXPECT_EQ(order,
+              "player concept charactertype association strength dexterity constitution "
+              "intelligence perception willpower lifepoints extrastats endurance speed essence "
+              "mentalbonus physicalbonus optionalpointsystem characterinplay experience "
+              "charpoints quality skill meta martialmaneuver visualization description notes "
+              "history contacts altforms equipment journal portrait ");
+    sheet->DPField.SetVisible(true);
+    EXPECT_NE(CharacterFileText(*sheet).find("<extrastats>e</extrastats>\n    <dramapoints points=\"\"/>\n    <mentalbonus"),
+              std::string::npos);
+}
+
+TEST_F(CharacterFileTest, ReadingKeepsItsAsymmetries) {
+    sheet->DPField.SetText("20");
+    Reopen(Write("a.xml", Character(
+        "<dramapoints points='7'/><essence bonus='1' total='0'/><concept concept='Drifter'/>"
+        "<quality col0='Q' col3='3' col4='ignored' col28='beyond'/><skill col0='S'>  </skill>"
+        "<notes><p>plain</p><sr>styled</sr></notes><history><p/><sr b='t'/></history>"
+        "<contacts><p>kept</p><sr/></contacts><journal><p>never read</p></journal>")));
+    EXPECT_EQ(sheet->DPField.Text(), "");
+    EXPECT_FALSE(sheet->EndText.Visible() || sheet->EnduranceTotal.Visible() ||
+                 sheet->SpeedText.Visible() || sheet->EssenceTotal.Visible());
+    EXPECT_EQ(sheet->ConceptBox.Rows(), std::vector<std::string>{"Drifter"});
+    EXPECT_EQ(sheet->ConceptBox.ListIndex(), 0);
+    EXPECT_EQ(Cells(sheet->QualityListBox, 0, 0, 4), "Q|||3|");
+    EXPECT_EQ(sheet->SkillListBox.Cell(0, 4), "  ");
+    EXPECT_EQ(sheet->NotesField.Text(), "styled");
+    EXPECT_EQ(sheet->HistoryField.Text(), "");   // neither text nor runs
+    EXPECT_EQ(sheet->ContactsField.Text(), "kept");  // runs without text keep the plain text
+    EXPECT_EQ(sheet->JournalField.Text(), "");
+    EXPECT_TRUE(sheet->EndText.Visible() == false && sheet->savedChar);
+}
+
+TEST_F(CharacterFileTest, BookWarningCountsTheLoadedBooksFoundAsSubstrings) {
+    const std::string prefix =
+        "The data file you have loaded does not support the character you chose to open. The "
+        "character will be opened, but you should load a data file with the following listed books";
+    EXPECT_EQ(BookWarning("WC ZSB", "ZSB WC"), "");
+    EXPECT_EQ(BookWarning("", "ZSB WC"), prefix + ".");
+    EXPECT_EQ(BookWarning("AFMBE WC", "AFMBE WC Arm"), prefix + ": All Flesh Must Be Eaten, Witchcraft.");
+    EXPECT_EQ(BookWarning("Xyz hod", "ZSB"), prefix + ": Xyz, Book of Hod.");
+    EXPECT_EQ(BookWarning("C", "AC"), "");  // found inside "AC"
+    Reopen(Write("b.xml", Character("", "ZSB")));
+    EXPECT_EQ(platform.Messages(), std::vector<std::string>{prefix + ": ZSB."});
+}
+
+TEST_F(CharacterFileTest, UnreadableFilesCloseTheCharacterWithTheirMessage) {
+    Reopen(Write("bad.xml", "<character>\n<player>"));
+    ASSERT_EQ(platform.Messages().size(), 1u);
+    EXPECT_EQ(platform.Messages()[0].substr(platform.Messages()[0].find('\n')),
+              "\n At node: player on 2");
+    EXPECT_TRUE(sheet->characterClosed);
+    EXPECT_EQ(platform.OpenNotices(), std::vector<std::string>{"Loading character. Please wait..."});
+
+    // A file without a character opens blank, bound to that file.
+    Reopen(Write("other.xml", "<somethingelse/>"));
+    EXPECT_FALSE(sheet->characterClosed);
+    EXPECT_EQ(sheet->fileSaveString, (folder / "other.xml").string());
+    EXPECT_FALSE(sheet->SpeedText.Visible());
+    EXPECT_TRUE(sheet->EssenceLabel.Visible());
+    EXPECT_EQ(platform.Messages().size(), 1u);
+
+    // A vanished file asks; cancelling closes the character as saved.
+    sheet->savedChar = false;
+    LoadXMLCharSheet(*sheet, (folder / "gone.xml").string());
+    EXPECT_TRUE(sheet->characterClosed && sheet->savedChar);
+    EXPECT_EQ(platform.Transcript().back(), "dialog: open text -> cancel (no answer queued)");
+}
+
+}  // namespace
+}  // namespace zeph::testing
