@@ -37,8 +37,9 @@ const ExportForm* FindExportForm(const std::string& name) {
 }
 
 ExportWindow::ExportWindow(CharacterSheet& callingWindow) : callingWindow_(callingWindow) {
+    // A new form runs the export, whether its row or its text tells the change.
     PopupMenu1.Observe([this](ItemChange change) {
-        if (change == ItemChange::Selection) PopupMenu1_Change();
+        if (change == ItemChange::Text || change == ItemChange::Selection) PopupMenu1_Change();
     });
 }
 
