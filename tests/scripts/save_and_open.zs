@@ -1,0 +1,48 @@
+# A player builds a character on the sample data, saves it, reopens it into a new sheet with
+# every item as it was, and closes it after an edit.
+data data/rules/sample.xml
+set NameField Wren Hollis
+do CharacterTypePopup_GotFocus
+choose CharacterTypePopup Human
+choose ChooseCharPopup Survivor
+set StrengthField 3
+do StrengthField_LostFocus
+do SkillCategoryPopup_MouseDown
+choose SkillCategoryPopup Combat
+choose SkillPopup Guns
+choose SkillSelectPopup Rifle
+do SkillUpDownArrows1_Up
+do SkillRecordButton_Action
+choose SkillCategoryPopup Esoteric
+choose SkillPopup Lucid Dream
+do SkillUpDownArrows1_Up
+do SkillMartialVisualListBox_ContextualMenuAction Mirror Hall
+do SkillRecordButton_Action
+set NotesField Grew up over a bakery.\nKeeps a ledger of favours.
+do EquipmentTypePopup_GotFocus
+choose EquipmentTypePopup Weapons
+do EquipmentField_ContextualMenuAction Hunter's Knife
+expect savedChar false
+save /tmp/zephalon-script-save-and-open.txt
+expect title zephalon-script-save-and-open.xml
+expect savedChar true
+expect DataModule.recentMenuItems zephalon-script-save-and-open.xml|-|Clear
+
+open /tmp/zephalon-script-save-and-open.xml
+expect title Zephalon CC: Wren Hollis
+expect savedChar true
+expect StrengthTotal 3
+expect ChooseCharPopup.rows Survivor
+expect SkillListBox[1] Lucid Dream|1|2|0|Control of one's own dreams through trained visualizations.|ZMC p. 40|Special|
+expect visualizations Mirror Hall,1,
+expect NotesField Grew up over a bakery.\nKeeps a ledger of favours.
+expect EquipmentField.runs [b]Hunter's Knife|\nDamage: D4 x Strength. Damage Type: Slashing. Range: Close. Weight: 0.3 kg. \nReference: ZSB p. 120. \nNotes: A broad single-edged blade.\n
+# Opening does not touch the recent list; an edit asks at closing.
+expect DataModule.recentItemsName zephalon-script-save-and-open.xml
+set HairField grey
+answer Cancel
+do Event_CancelClose
+expect savedChar false
+answer Save
+do Event_CancelClose
+expect savedChar true
