@@ -54,12 +54,9 @@ void ConvertStyledTextToXML(const StyledText& styledText, xmlNode* parent,
     xmlNode* field = XmlDocument::AppendIndented(parent, kLineEnd + "    ", elementName);
     const std::string indent = kLineEnd + "        ";
 
-    const std::string plain = NormaliseLineEnds(styledText.Text());
-    const int lines = CountFields(plain, "\n");
-    for (int line = 1; line <= lines; ++line) {
-        xmlNode* p = XmlDocument::AppendIndented(field, indent, "p");
-        XmlDocument::AppendText(p, NthField(plain, "\n", line));
-    }
+    // A text that ends in a line end thus has a last, empty paragraph.
+    for (const std::string& line : SplitFields(NormaliseLineEnds(styledText.Text()), '\n'))
+        XmlDocument::AppendText(XmlDocument::AppendIndented(field, indent, "p"), line);
 
     for (const StyleRun& run : styledText.runs) {
         xmlNode* sr = XmlDocument::AppendIndented(field, indent, "sr");
