@@ -62,7 +62,10 @@ int RunExportCommand(const std::vector<std::string>& arguments, const std::strin
     }
 
     ScriptedPlatform platform("", applicationFolder, std::filesystem::temp_directory_path().string());
-    platform.SetLineSink([&err](const std::string& line) { err << line << "\n"; });
+    // Messages (a book warning, a failure) are worth telling; the notices are not.
+    platform.SetLineSink([&err](const std::string& line) {
+        if (line.rfind("message: ", 0) == 0) err << line << "\n";
+    });
     DataModule data;
     App app(data, platform);
     if (!app.LoadDataFile(AbsolutePath(request.data))) return 2;

@@ -1,0 +1,94 @@
+#include <gtest/gtest.h>
+#include <libxml/HTMLparser.h>
+
+#include <sstream>
+
+#include "cli/ExportCommand.h"
+#include "platform/Files.h"
+
+namespace zeph {
+namespace {
+
+const std::string kSource = ZEPHALON_SOURCE_DIR;
+const std::string kStylesheets = kSource + "/data/stylesheets";
+
+struct Exported {
+    int status;
+    std::string out, err;
+};
+
+Exported Export(const std::string& format, const std::string& character,
+                const std::string& folder = kStylesheets) {
+    std::ostringstream out, err;
+    const int status = RunExportCommand({"--data", kSource + "/data/rules/sample.xml", "--format",
+                                         format, character},
+                                        folder, out, err);
+    return {status, out.str(), err.str()};
+}
+
+// Whether libxml2's HTML parser reads the page without a complaint.
+bool CleanHtml(const std::string& html) {
+    xmlResetLastError();
+    htmlDocPtr document = htmlReadMemory(html.data(), static_cast<int>(html.size()), "sheet.html",
+                                         "UTF-8", HTML_PARSE_NOERROR | HTML_PARSE_NOWARNING | HTML_PARSE_NONET);
+    const bool clean = document != nullptr && xmlGetLastError() == nullptr;
+    xmlFreeDoc(document);
+    xmlResetLastError();
+    return clean;
+}
+
+// Each form of the sample character: what must stand in it.
+struct FormCase {
+    const char* format;
+    std::vector<std::string> present;
+};
+
+class ExportForms : public ::testing::TestWithParam<FormCase> {};
+
+TEST_P(ExportForms, ShowTheSampleCharacter) {
+    const Exported exported = Export(GetParam().format, kSource + "/tests/data/sample_character.xml");
+    ASSERT_EQ(exported.status, 0) << exported.err;
+    EXPECT_EQ(exported.err, "");
+    for (const std::string& text : GetParam().present)
+        EXPECT_NE(exported.out.find(text), std::string::npos) << GetParam().format << ": " << text;
+    const bool declared = exported.out.find("<?xml") != std::string::npos;
+    EXPECT_EQ(declared, std::string(GetParam().format) == "xml") << GetParam().format;
+    if (std::string(GetParam().format) == "html") {
+        EXPECT_TRUE(CleanHtml(exported.out));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    SampleCharacter, ExportForms,
+    ::testing::Values(
+        FormCase{"html", {"Ilse Markovi\xC4\x87", "Lantern Society", "Warder's Circle", "Mirror Hall",
+                          "color:#", "Phobia"}},
+        FormCase{"text", {"Ilse Markovi\xC4\x87", "Warder's Circle", "Meditation", "Phobia"}},
+        FormCase{"summary", {"Ilse Markovi\xC4\x87", "Str 2  Dex 3", "Flame Lance 1"}},
+        FormCase{"wiki", {"== ", "{| class=\"wikitable\"", "'''", "Lucid Dream"}},
+        FormCase{"custom", {"Ilse Markovi\xC4\x87"}},
+        FormCase{"xml", {"<character name=\"Ilse Markovi\xC4\x87\"", "<sr b=\"t\""}}),
+    [](const ::testing::TestParamInfo<FormCase>& form) { return std::string(form.param.format); });
+
+TEST(ExportCommand, MissingFilesAndBadArgumentsEndWithStatusTwo) {
+    const std::string character = kSource + "/tests/data/sample_character.xml";
+    Exported noStylesheet = Export("wiki", character, "/nonexistent");
+    EXPECT_EQ(noStylesheet.status, 2);
+    EXPECT_EQ(noStylesheet.err, "cannot find the stylesheet /nonexistent/zepwiki.xsl\n");
+    EXPECT_EQ(Export("xml", character, "/nonexistent").status, 0);  // needs no stylesheet
+    Exported noCharacter = Export("html", "/nonexistent/c.xml");
+    EXPECT_EQ(noCharacter.status, 2);
+    EXPECT_EQ(noCharacter.err, "cannot read the character file /nonexistent/c.xml\n");
+    EXPECT_EQ(Export("pdf", character).status, 2);
+    EXPECT_EQ(Export("html", kSource + "/data/rules/sample.xml").status, 0);  // no character: blank
+    Exported notXml = Export("html", kSource + "/README.md");
+    EXPECT_EQ(notXml.status, 2);
+    EXPECT_NE(notXml.err.find("message: "), std::string::npos);
+
+    std::ostringstream out, err;
+    EXPECT_EQ(RunExportCommand({"--format", "html", character}, kStylesheets, out, err), 2);
+    EXPECT_NE(err.str().find("usage: zephalon-cli export"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace zeph
