@@ -1,5 +1,7 @@
 #include "shell/gui/CharWindow.h"
 
+#include <QAction>
+#include <QCloseEvent>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -12,8 +14,11 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "documents/CharacterFile.h"
+#include "documents/SavingCharacters.h"
 #include "sheet/CharacterSheet.h"
 #include "rules/Equipment.h"
+#include "shell/gui/ExportView.h"
 #include "shell/SheetOperations.h"
 #include "shell/gui/CoreCall.h"
 #include "shell/gui/ItemBinding.h"
@@ -104,6 +109,50 @@ void CharWindow::call(const std::function<void()>& work) {
 
 void CharWindow::runOperation(const std::string& name) {
     call([&] { SheetOperations().at(name).run(*sheet_, ""); });
+}
+
+namespace {
+
+// The Tab menu's commands in the order of the tabs.
+const char* const kTabCommands[] = {"TabAttributes", "TabQualities",  "TabSkills",
+                                    "TabMetaphysics", "TabDescription", "TabEquipment"};
+
+}  // namespace
+
+void CharWindow::InstallMenus(const MenuSources& sources) { BuildMenuBar(*this, sources); }
+
+void CharWindow::Load(const std::string& path) {
+    call([&] { LoadXMLCharSheet(*sheet_, path); });
+}
+
+bool CharWindow::HandlesCommand(const std::string& name) const {
+    for (const char* tab : kTabCommands)
+        if (name == tab) return true;
+    return name == "FileClose" || name == "FileSave" || name == "FileSaveAsCharacterFile" ||
+           name == "FileExport";
+}
+
+void CharWindow::RunCommand(const std::string& name) {
+    for (int tab = 0; tab < 6; ++tab)
+        if (name == kTabCommands[tab]) return showTab(tab);
+    if (name == "FileClose") close();
+    else if (name == "FileSave") call([&] { _FileSave_Action(*sheet_); });
+    else if (name == "FileSaveAsCharacterFile") call([&] { _FileSaveAsCharacterFile_Action(*sheet_); });
+    else if (name == "FileExport") (new ExportView(*sheet_, this))->show();
+}
+
+// Only the Tab menu's commands move its check marks; a click on a tab leaves them.
+void CharWindow::showTab(int tab) {
+    tabs_->setCurrentIndex(tab);
+    for (int other = 0; other < 6; ++other)
+        if (auto* item = findChild<QAction*>(kTabCommands[other])) item->setChecked(other == tab);
+}
+
+void CharWindow::closeEvent(QCloseEvent* event) {
+    bool keepOpen = false;
+    call([&] { keepOpen = Event_CancelClose(*sheet_); });
+    if (keepOpen) event->ignore();
+    else event->accept();
 }
 
 void CharWindow::showTitle() { setWindowTitle(QString::fromStdString(sheet_->title)); }

@@ -8,6 +8,9 @@
 #include <memory>
 #include <string>
 
+#include "shell/gui/Menus.h"
+
+class QCloseEvent;
 class QGridLayout;
 class QTabWidget;
 class QTimer;
@@ -20,18 +23,29 @@ namespace zeph::gui {
 
 class SheetBinder;
 
-class CharWindow : public QMainWindow {
+class CharWindow : public QMainWindow, public CommandTarget {
   public:
     explicit CharWindow(std::unique_ptr<CharacterSheet> sheet, QWidget* parent = nullptr);
     ~CharWindow() override;
 
     CharacterSheet& Sheet() { return *sheet_; }
+    void InstallMenus(const MenuSources& sources);
+    // Fills the new sheet from a character file (by the open dialog when `path` is empty).
+    void Load(const std::string& path);
+
+    bool HandlesCommand(const std::string& name) const override;
+    void RunCommand(const std::string& name) override;
+
+  protected:
+    // The closing question: Cancel keeps the window.
+    void closeEvent(QCloseEvent* event) override;
 
   private:
     // Core work from a slot: guarded, then the window's own title is brought up to date.
     void call(const std::function<void()>& work);
     void runOperation(const std::string& name);
     void showTitle();
+    void showTab(int tab);
 
     QWidget* bound(const std::string& itemName, const std::string& caption = "");
     QWidget* shown(const std::string& itemName);

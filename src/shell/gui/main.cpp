@@ -1,15 +1,12 @@
 // The desktop app: find and load the rule data, open one empty character, run until quit.
 #include <QApplication>
-#include <memory>
 #include <optional>
 
 #include "platform/qt/QtPlatform.h"
 #include "ruledata/DataModule.h"
-#include "shell/SheetOperations.h"
-#include "sheet/CharacterSheet.h"
 #include "shell/App.h"
-#include "shell/gui/CharWindow.h"
 #include "shell/gui/CoreCall.h"
+#include "shell/gui/GuiApp.h"
 
 int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
@@ -31,14 +28,9 @@ int main(int argc, char* argv[]) {
     if (quitCode) return *quitCode;
     if (zeph::gui::UnhandledFailureHappened()) return 1;
 
-    std::unique_ptr<zeph::gui::CharWindow> window;
-    zeph::gui::CallCore([&] {
-        window = std::make_unique<zeph::gui::CharWindow>(
-            std::make_unique<zeph::CharacterSheet>(data, platform, zeph::SheetOperations()));
-    });
+    zeph::gui::GuiApp gui(data, platform, app);
     // Without a character window there is nothing on screen to work in.
-    if (!window) return 1;
-    window->show();
+    if (!gui.NewWindow()) return 1;
 
     const int code = QApplication::exec();
     if (!zeph::gui::UnhandledFailureHappened()) data.SaveDataFilePreferences(platform);

@@ -1,0 +1,39 @@
+// The export window of one character: the form menu, the result (which the user may edit), and
+// the preview, save and close buttons, over the core's export state.
+#pragma once
+
+#include <QMainWindow>
+#include <memory>
+
+#include "shell/gui/Menus.h"
+
+class QComboBox;
+class QPlainTextEdit;
+class QPushButton;
+
+namespace zeph {
+class CharacterSheet;
+class ExportWindow;
+}  // namespace zeph
+
+namespace zeph::gui {
+
+class ExportView : public QMainWindow, public CommandTarget {
+  public:
+    explicit ExportView(CharacterSheet& character, QWidget* parent = nullptr);
+    ~ExportView() override;
+
+    bool HandlesCommand(const std::string& name) const override { return name == "FileClose"; }
+    void RunCommand(const std::string&) override { close(); }
+
+  private:
+    void showModel();
+
+    std::unique_ptr<ExportWindow> model_;
+    QComboBox* forms_ = nullptr;
+    QPlainTextEdit* result_ = nullptr;
+    QPushButton* preview_ = nullptr;
+    QPushButton* save_ = nullptr;
+};
+
+}  // namespace zeph::gui

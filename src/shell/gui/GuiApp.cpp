@@ -1,0 +1,91 @@
+#include "shell/gui/GuiApp.h"
+
+#include <QApplication>
+#include <QTimer>
+
+#include "documents/CharacterFile.h"
+#include "documents/RecentFiles.h"
+#include "ruledata/DataModule.h"
+#include "shell/SheetOperations.h"
+#include "shell/gui/CharWindow.h"
+#include "shell/gui/CoreCall.h"
+#include "sheet/CharacterSheet.h"
+
+namespace zeph::gui {
+namespace {
+
+constexpr int kRecentChoiceDelay = 500;  // ms: the menu closes and the notice paints first
+
+}  // namespace
+
+GuiApp::GuiApp(DataModule& data, Platform& platform, App& app)
+    : data_(data), platform_(platform), app_(app) {}
+
+MenuSources GuiApp::Sources() {
+    return {this, [this] { return data_.recentMenuItems; },
+            [this](const std::string& caption) {
+                int notice = 0;
+                CallCore([&] { notice = OpenRecentMenuItem_Action(data_, platform_, caption); });
+                QTimer::singleShot(kRecentChoiceDelay, this, [this, notice] {
+                    CallCore([&] {
+                        LoadingRecentCharacterTimer(data_, platform_, notice,
+                                                    [this](const std::string& path) { OpenCharacter(path); });
+                    });
+                });
+            }};
+}
+
+CharWindow* GuiApp::makeWindow() {
+    CharWindow* window = nullptr;
+    CallCore([&] {
+        window = new CharWindow(std::make_unique<CharacterSheet>(data_, platform_, SheetOperations()));
+        // A new window refills the recent submenu and starts with nothing unsaved.
+        RemoveRecentOpenItems(data_);
+        RebuildRecentOpenItems(data_);
+        window->Sheet().savedChar = true;
+    });
+    if (!window) return nullptr;
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->InstallMenus(Sources());
+    return window;
+}
+
+CharWindow* GuiApp::NewWindow() {
+    CharWindow* window = makeWindow();
+    if (window) window->show();
+    return window;
+}
+
+void GuiApp::OpenCharacter(const std::string& path) {
+    CharWindow* window = makeWindow();
+    if (!window) return;
+    // By the dialog the window stands behind it; from the recent list it shows once filled.
+    if (path.empty()) window->show();
+    window->Load(path);
+    if (window->Sheet().characterClosed) {
+        window->deleteLater();
+        return;
+    }
+    window->show();
+    window->raise();
+    window->activateWindow();
+}
+
+bool GuiApp::CloseAll() {
+    for (QWidget* widget : QApplication::topLevelWidgets())
+        if (auto* window = dynamic_cast<CharWindow*>(widget); window && window->isVisible())
+            if (!window->close()) return false;
+    return true;
+}
+
+bool GuiApp::HandlesCommand(const std::string& name) const {
+    return name == "FileNew" || name == "FileLoadCharacterFile" || name == "FileQuit";
+}
+
+void GuiApp::RunCommand(const std::string& name) {
+    if (name == "FileNew") NewWindow();
+    else if (name == "FileLoadCharacterFile") OpenCharacter("");
+    else if (name == "FileQuit" && CloseAll()) QApplication::quit();
+}
+
+}  // namespace zeph::gui

@@ -1,0 +1,176 @@
+#include "shell/gui/Menus.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QKeySequence>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <algorithm>
+#include <vector>
+
+namespace zeph::gui {
+namespace {
+
+struct MenuItem {
+    const char* name;
+    const char* caption;  // "-" is a separator
+    const char* shortcut;
+};
+
+struct Menu {
+    const char* name;
+    const char* caption;
+    std::vector<MenuItem> items;
+};
+
+// Ctrl takes the place of Cmd on this platform.
+const std::vector<Menu>& MenuTable() {
+    static const std::vector<Menu> table = {
+        {"FileMenu", "&File",
+         {{"FileNew", "New", "Ctrl+N"},
+          {"FileLoadCharacterFile", "Open Character File", "Ctrl+O"},
+          {"FileOpenRecent", "Open Recent", ""},
+          {"FileClose", "Close Window", "Ctrl+W"},
+          {"UntitledMenu3", "-", ""},
+          {"FileSave", "Save Character File", "Ctrl+S"},
+          {"FileSaveAsCharacterFile", "Save As Character File...", "Ctrl+Shift+S"},
+          {"FileExport", "Export...", "Ctrl+E"},
+          {"UntitledMenu2", "-", ""},
+          {"FileLoadDataFile", "Load Data File...", "Ctrl+L"},
+          {"UntitledItem", "-", ""},
+          {"FileCharacterPortrait", "Character Portrait", "Ctrl+Shift+P"},
+          {"FileCharacterJournal", "Character Journal...", "Ctrl+J"},
+          {"UntitledItem", "-", ""},
+          {"FileQuit", "Quit", "Ctrl+Q"}}},
+        {"EditMenu", "&Edit",
+         {{"EditUndo", "&Undo", "Ctrl+Z"},
+          {"EditRedo", "Redo", "Ctrl+Shift+Z"},
+          {"UntitledMenu1", "-", ""},
+          {"EditCut", "Cu&t", "Ctrl+X"},
+          {"EditCopy", "&Copy", "Ctrl+C"},
+          {"EditPaste", "&Paste", "Ctrl+V"},
+          {"EditClear", "Clear", ""},
+          {"EditSelectAll", "Select All", "Ctrl+A"}}},
+        {"FormatMenu", "Format",
+         {{"FormatBold", "Bold", "Ctrl+B"},
+          {"FormatItalic", "Italic", "Ctrl+I"},
+          {"FormatUnderline", "Underline", "Ctrl+U"},
+          {"FormatBigger", "Bigger", "Ctrl+>"},
+          {"FormatSmaller", "Smaller", "Ctrl+<"}}},
+        {"TabMenu", "Tab",
+         {{"TabAttributes", "Attributes", "Ctrl+1"},
+          {"TabQualities", "Qualities", "Ctrl+2"},
+          {"TabSkills", "Skills", "Ctrl+3"},
+          {"TabMetaphysics", "Metaphysics", "Ctrl+4"},
+          {"TabDescription", "Description", "Ctrl+5"},
+          {"TabEquipment", "Equipment", "Ctrl+6"}}},
+        {"WindowMenu", "Window", {}},
+        {"HelpMenu", "Help",
+         {{"HelpAbout", "About Zephalon...", ""},
+          {"HelpCheckForUpdates", "Check For Updates...", ""},
+          {"HelpDiceRoller", "Dice Roller...", "Ctrl+D"},
+          {"UntitledItem", "-", ""},
+          {"HelpReference", "Reference", ""},
+          {"UntitledMenu0", "-", ""},
+          {"HelpHelp", "Help...", "Ctrl+0"}}},
+    };
+    return table;
+}
+
+// The text commands of the Edit menu act on the focused field, as its own shortcuts do.
+const char* textSlot(const std::string& name) {
+    if (name == "EditUndo") return "undo";
+    if (name == "EditRedo") return "redo";
+    if (name == "EditCut") return "cut";
+    if (name == "EditCopy") return "copy";
+    if (name == "EditPaste") return "paste";
+    if (name == "EditClear") return "clear";
+    if (name == "EditSelectAll") return "selectAll";
+    return nullptr;
+}
+
+}  // namespace
+
+void BuildWindowsMenu(QMenu& menu) {
+    menu.clear();
+    std::vector<std::pair<QString, QWidget*>> windows;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->isVisible() && qobject_cast<QMainWindow*>(window))
+            windows.emplace_back(window->windowTitle(), window);
+    if (windows.size() < 2) {
+        menu.addAction("None")->setEnabled(false);
+        return;
+    }
+    std::stable_sort(windows.begin(), windows.end(),
+                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    QWidget* front = QApplication::activeWindow();
+    for (const auto& [title, window] : windows) {
+        QAction* item = menu.addAction(title);
+        item->setCheckable(true);
+        item->setChecked(window == front);
+        QObject::connect(item, &QAction::triggered, window, [target = window] {
+            target->show();
+            target->raise();
+            target->activateWindow();
+        });
+    }
+}
+
+void BuildMenuBar(QMainWindow& window, const MenuSources& sources) {
+    auto* own = dynamic_cast<CommandTarget*>(&window);
+    const auto target = [own, app = sources.application](const std::string& name) -> CommandTarget* {
+        if (own && own->HandlesCommand(name)) return own;
+        if (app && app->HandlesCommand(name)) return app;
+        return nullptr;
+    };
+    QMenuBar* bar = window.menuBar();
+    for (const Menu& menu : MenuTable()) {
+        QMenu* drop = bar->addMenu(menu.caption);
+        drop->setObjectName(menu.name);
+        if (std::string(menu.name) == "WindowMenu")
+            QObject::connect(drop, &QMenu::aboutToShow, drop, [drop] { BuildWindowsMenu(*drop); });
+        for (const MenuItem& item : menu.items) {
+            const std::string name = item.name;
+            if (std::string(item.caption) == "-") {
+                drop->addSeparator();
+                continue;
+            }
+            if (name == "FileOpenRecent") {
+                QMenu* recent = drop->addMenu(item.caption);
+                recent->setObjectName(item.name);
+                QObject::connect(recent, &QMenu::aboutToShow, recent, [recent, sources] {
+                    recent->clear();
+                    for (const std::string& caption : sources.recentItems()) {
+                        if (caption == "-") {
+                            recent->addSeparator();
+                            continue;
+                        }
+                        QObject::connect(recent->addAction(QString::fromStdString(caption)),
+                                         &QAction::triggered, recent,
+                                         [sources, caption] { sources.chooseRecent(caption); });
+                    }
+                });
+                continue;
+            }
+            QAction* action = drop->addAction(item.caption);
+            action->setObjectName(item.name);
+            action->setShortcut(QKeySequence(item.shortcut));
+            if (name.rfind("Tab", 0) == 0) action->setCheckable(true);
+            if (name == "FileQuit") action->setMenuRole(QAction::QuitRole);
+            if (const char* slot = textSlot(name)) {
+                QObject::connect(action, &QAction::triggered, &window, [slot] {
+                    if (QWidget* focus = QApplication::focusWidget())
+                        QMetaObject::invokeMethod(focus, slot);
+                });
+                continue;
+            }
+            // What no one claims yet stays in the bar, disabled.
+            action->setEnabled(target(name) != nullptr);
+            QObject::connect(action, &QAction::triggered, &window, [target, name] {
+                if (CommandTarget* handler = target(name)) handler->RunCommand(name);
+            });
+        }
+    }
+}
+
+}  // namespace zeph::gui

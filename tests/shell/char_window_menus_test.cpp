@@ -1,0 +1,70 @@
+// The character window's menu commands: the Tab menu and its check marks, the export window
+// over the character, and closing through the unsaved-changes question.
+#include <gtest/gtest.h>
+
+#include <QtWidgets>
+#include <memory>
+
+#include "platform/ScriptedPlatform.h"
+#include "ruledata/DataModule.h"
+#include "shell/SheetOperations.h"
+#include "shell/gui/CharWindow.h"
+#include "shell/gui/ExportView.h"
+#include "shell/gui_test_app.h"
+#include "sheet/CharacterSheet.h"
+
+namespace zeph::gui {
+namespace {
+
+class CharWindowMenus : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        test::GuiTestApp();
+        window = std::make_unique<CharWindow>(std::make_unique<CharacterSheet>(data, platform, SheetOperations()));
+        window->InstallMenus({nullptr, [] { return std::vector<std::string>{}; }, {}});
+        window->Sheet().NameField.SetText("Ann");
+    }
+    QAction* action(const char* name) { return window->findChild<QAction*>(name); }
+
+    ScriptedPlatform platform{"/nonexistent-prefs", ZEPHALON_SOURCE_DIR "/data/stylesheets", "/tmp"};
+    DataModule data;
+    std::unique_ptr<CharWindow> window;
+};
+
+TEST_F(CharWindowMenus, OnlyTheTabMenuMovesItsChecks) {
+    ASSERT_NE(action("TabSkills"), nullptr);
+    EXPECT_FALSE(action("FileNew")->isEnabled());  // the application's, absent here
+    EXPECT_EQ(action("FileSaveAsCharacterFile")->shortcut(), QKeySequence("Ctrl+Shift+S"));
+    action("TabSkills")->trigger();
+    auto* tabs = window->findChild<QTabWidget*>("TabPanel1");
+    EXPECT_EQ(tabs->currentIndex(), 2);
+    EXPECT_TRUE(action("TabSkills")->isChecked());
+    action("TabEquipment")->trigger();
+    EXPECT_FALSE(action("TabSkills")->isChecked());
+    tabs->setCurrentIndex(0);
+    EXPECT_TRUE(action("TabEquipment")->isChecked());
+}
+
+TEST_F(CharWindowMenus, ExportShowsTheCharacterInTheChosenForm) {
+    action("FileExport")->trigger();
+    auto* view = window->findChild<ExportView*>();
+    ASSERT_NE(view, nullptr);
+    auto* forms = view->findChild<QComboBox*>("PopupMenu1");
+    forms->setCurrentIndex(forms->findText("Summary"));
+    emit forms->activated(forms->currentIndex());
+    EXPECT_TRUE(view->findChild<QPlainTextEdit*>("EditField1")->toPlainText().startsWith("Ann"));
+    EXPECT_EQ(view->windowTitle(), "Ann");
+}
+
+TEST_F(CharWindowMenus, ClosingAsksAndCancelKeepsTheWindow) {
+    window->show();
+    window->Sheet().savedChar = false;
+    platform.QueueAnswer("Cancel");
+    EXPECT_FALSE(window->close());
+    platform.QueueAnswer("Don't Save");
+    EXPECT_TRUE(window->close());
+    EXPECT_EQ(platform.Transcript().size(), 2u);
+}
+
+}  // namespace
+}  // namespace zeph::gui
