@@ -165,6 +165,10 @@ TEST(RecentFiles, KeepSixteenByPathAndOpenByName) {
     EXPECT_TRUE(data.recentItemsName.empty() && data.recentItemsPaths.empty());
     EXPECT_EQ(data.recentMenuItems, (std::vector<std::string>{"-", "Clear"}));
     EXPECT_TRUE(platform.OpenNotices().empty());
+    data.recentItemsName = {"a", "b"};
+    RemoveRecentOpenItems(data);
+    RebuildRecentOpenItems(data);
+    EXPECT_EQ(JoinFields(data.recentMenuItems, "|"), "a|b|-|Clear");
 }
 
 }  // namespace

@@ -43,7 +43,7 @@ TEST(StyledTextCodec, WritesOneParagraphPerLineThenOneNodePerRunWithItsAttribute
 
 TEST(StyledTextCodec, ReadsBlueFromGreenAndDefaultsWhatIsMissing) {
     const StyledText read = ReadBack(
-        "<n><sr cd='255 0 0'>r</sr><sr cd='0 0 255'>b</sr><sr cd='10 20 30' b='T' i='t' u='x' "
+        "<n><sr cd='255 0 0' u='t'>r</sr><sr cd='0 0 255'>b</sr><sr cd='10 20 30' b='T' i='t' u='x' "
         "f='Mono' s='12'>g</sr><sr/><sr s='x' cd=''>e</sr></n>");
     ASSERT_EQ(read.runs.size(), 5u);
     EXPECT_EQ(read.runs[0].color, 0xFF0000u);
@@ -51,6 +51,7 @@ TEST(StyledTextCodec, ReadsBlueFromGreenAndDefaultsWhatIsMissing) {
     EXPECT_EQ(read.runs[2].color, 0x0A1414u);
     EXPECT_TRUE(read.runs[2].bold && read.runs[2].italic);
     EXPECT_FALSE(read.runs[2].underline || read.runs[0].bold);
+    EXPECT_TRUE(read.runs[0].underline);
     EXPECT_EQ(read.runs[2].font, "Mono");
     EXPECT_EQ(read.runs[2].size, 12);
     // A node without text is one line end; missing attributes read as empty.
