@@ -66,5 +66,22 @@ TEST_F(CharWindowMenus, ClosingAsksAndCancelKeepsTheWindow) {
     EXPECT_EQ(platform.Transcript().size(), 2u);
 }
 
+TEST_F(CharWindowMenus, StyledFieldsCarryFontSizeAndColourBothWays) {
+    StyleRun run("Dagger");
+    run.color = 0x802020;
+    run.size = 14;
+    run.font = "Serif";
+    window->Sheet().EquipmentField.SetStyled({{run}});
+    auto* edit = window->findChild<QTextEdit*>("EquipmentField");
+    QTextCursor cursor(edit->document());
+    cursor.setPosition(1);
+    EXPECT_EQ(cursor.charFormat().foreground().color(), QColor(0x80, 0x20, 0x20));
+    EXPECT_EQ(cursor.charFormat().fontPointSize(), 14);
+    cursor.insertText("x");  // typed in the run's style
+    const StyleRun back = window->Sheet().EquipmentField.Styled().runs.at(0);
+    EXPECT_EQ(back.text, "Dxagger");
+    EXPECT_TRUE(back.SameStyle(run));
+}
+
 }  // namespace
 }  // namespace zeph::gui

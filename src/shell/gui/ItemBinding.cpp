@@ -73,17 +73,40 @@ class LabelBinding : public ItemBinding {
     QLabel& label_;
 };
 
+// A run's style as a character format: a font, size or colour only where the run names one,
+// so that the rest follows the field's own look.
+QTextCharFormat formatOf(const StyleRun& run) {
+    QTextCharFormat format;
+    format.setFontWeight(run.bold ? QFont::Bold : QFont::Normal);
+    format.setFontItalic(run.italic);
+    format.setFontUnderline(run.underline);
+    if (!run.font.empty()) format.setFontFamilies({q(run.font)});
+    if (run.size > 0) format.setFontPointSize(run.size);
+    if (run.color != 0) format.setForeground(QColor::fromRgb(run.color));
+    return format;
+}
+
+void styleFrom(const QTextCharFormat& format, StyleRun& run) {
+    run.bold = format.fontWeight() >= QFont::Bold;
+    run.italic = format.fontItalic();
+    run.underline = format.fontUnderline();
+    if (format.hasProperty(QTextFormat::FontFamilies) && !format.fontFamilies().toStringList().isEmpty())
+        run.font = format.fontFamilies().toStringList().first().toStdString();
+    if (format.hasProperty(QTextFormat::FontPointSize))
+        run.size = static_cast<int>(format.fontPointSize() + 0.5);
+    if (format.hasProperty(QTextFormat::ForegroundBrush))
+        run.color = format.foreground().color().rgb() & 0xFFFFFF;
+}
+
 // The runs that a styled edit shows: one per fragment of one style, a line end between
-// paragraphs. Bold, italic and underline are carried; fonts, sizes and colours not yet.
+// paragraphs.
 StyledText runsShown(const QTextDocument& document) {
     StyledText styled;
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         if (block != document.begin()) styled.Append(StyleRun{"\n"});
         for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
-            const QTextCharFormat format = piece.fragment().charFormat();
-            StyleRun run{piece.fragment().text().toStdString(), format.fontWeight() >= QFont::Bold};
-            run.italic = format.fontItalic();
-            run.underline = format.fontUnderline();
+            StyleRun run{piece.fragment().text().toStdString()};
+            styleFrom(piece.fragment().charFormat(), run);
             styled.Append(run);
         }
     }
@@ -93,8 +116,7 @@ StyledText runsShown(const QTextDocument& document) {
 bool sameRuns(const StyledText& a, const StyledText& b) {
     return std::equal(a.runs.begin(), a.runs.end(), b.runs.begin(), b.runs.end(),
                       [](const StyleRun& x, const StyleRun& y) {
-                          return x.text == y.text && x.bold == y.bold && x.italic == y.italic &&
-                                 x.underline == y.underline;
+                          return x.text == y.text && x.SameStyle(y);
                       });
 }
 
@@ -113,13 +135,7 @@ class StyledBinding : public ItemBinding {
         QSignalBlocker quiet(&edit_);
         edit_.clear();
         QTextCursor cursor(edit_.document());
-        for (const StyleRun& run : item_.Styled().runs) {
-            QTextCharFormat format;
-            format.setFontWeight(run.bold ? QFont::Bold : QFont::Normal);
-            format.setFontItalic(run.italic);
-            format.setFontUnderline(run.underline);
-            cursor.insertText(q(run.text), format);
-        }
+        for (const StyleRun& run : item_.Styled().runs) cursor.insertText(q(run.text), formatOf(run));
     }
 
   private:
