@@ -128,8 +128,9 @@ TEST_F(SavingTest, ClosingClosesTheWindowsThenAsksWithThreeAnswers) {
     EXPECT_NE(Read("ann.xml").find(">from the window</sr></journal>"), std::string::npos);
     const std::size_t asked = platform.Transcript().size();
     sheet->journalWindowIsOpen = sheet->portraitWindowIsOpen = false;
-    EXPECT_FALSE(Event_CancelClose(*sheet));  // saved: no question
+    EXPECT_FALSE(Event_CancelClose(*sheet));  // saved: no question, no window to close
     EXPECT_EQ(platform.Transcript().size(), asked);
+    EXPECT_EQ(closed.size(), 6u);
 }
 
 TEST(RecentFiles, KeepSixteenByPathAndOpenByName) {
