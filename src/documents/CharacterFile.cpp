@@ -362,6 +362,10 @@ void LoadXMLCharSheet(CharacterSheet& sheet, const std::string& path) {
         return closeCharacter(sheet);
     }
 
+    if (IsExistingFolder(*file)) {
+        platform.MsgBox("This is a folder, not a file. Please choose a character file.");
+        return closeCharacter(sheet);
+    }
     const int notice = platform.ShowNotice("Loading character. Please wait...");
     std::unique_ptr<RuleData> document;
     try {

@@ -208,6 +208,12 @@ TEST_F(CharacterFileTest, UnreadableFilesCloseTheCharacterWithTheirMessage) {
     EXPECT_TRUE(sheet->EssenceLabel.Visible());
     EXPECT_EQ(platform.Messages().size(), 1u);
 
+    // A folder chosen in the dialog is told as such.
+    platform.QueueAnswer(folder.string());
+    Reopen("");
+    EXPECT_EQ(platform.Messages().back(), "This is a folder, not a file. Please choose a character file.");
+    EXPECT_TRUE(sheet->characterClosed);
+
     // A vanished file asks; cancelling closes the character as saved.
     sheet->savedChar = false;
     LoadXMLCharSheet(*sheet, (folder / "gone.xml").string());
