@@ -48,10 +48,13 @@ void ReadCalculations(const CharacterSheet& sheet, const std::string& prefix, Fo
 
 // Endurance, speed and essence: only for a character without drama points.
 std::string PoolLines(const CharacterSheet& sheet, const FormFigures& f) {
-    const auto endurance = Whole(f.enduranceMultiplier) *
-                               (f[Strength] + f[Constitution] + f[Willpower]) +
-                           Whole(f.enduranceAdder);
-    const auto speed = (f[Constitution] + f[Dexterity]) * 2 + Whole(f.speedAdder);
+    // The attributes of a form come from the rule data, and may be as large as Whole goes.
+    const auto endurance =
+        AddWhole(MultiplyWhole(Whole(f.enduranceMultiplier),
+                               AddWhole(AddWhole(f[Strength], f[Constitution]), f[Willpower])),
+                 Whole(f.enduranceAdder));
+    const auto speed =
+        AddWhole(MultiplyWhole(AddWhole(f[Constitution], f[Dexterity]), 2), Whole(f.speedAdder));
     return Line("Endurance Points: " + Str(static_cast<double>(endurance))) +
            Line("Speed: " + Str(static_cast<double>(speed))) +
            Line("Essence Pool: " + sheet.EssenceTotal.Text());
@@ -78,9 +81,8 @@ std::string QualityBlock(CharacterSheet& sheet, const std::string& form, FormFig
     }
     std::string text = AttributeLines(form, f);
     ReadCalculations(sheet, prefix, f);
-    text += Line("Life Points: " +
-                 Str(f.lifeMultiplier * static_cast<double>(f[Strength] + f[Constitution]) +
-                     f.lifeAdder));
+    const auto body = static_cast<double>(AddWhole(f[Strength], f[Constitution]));
+    text += Line("Life Points: " + Str(f.lifeMultiplier * body + f.lifeAdder));
     if (!sheet.DPField.Visible()) text += PoolLines(sheet, f) + Line("Armor Value: " + f.armor);
     return text + ClosingLines(sheet, prefix);
 }
@@ -101,7 +103,8 @@ std::string MetaBlock(CharacterSheet& sheet, const std::string& prefix, const st
     std::string text = AttributeLines(form, f);
     ReadCalculations(sheet, prefix, f);
     const auto life =
-        Whole(f.lifeMultiplier) * (f[Strength] + f[Constitution]) + Whole(f.lifeAdder);
+        AddWhole(MultiplyWhole(Whole(f.lifeMultiplier), AddWhole(f[Strength], f[Constitution])),
+                 Whole(f.lifeAdder));
     text += Line("Life Points: " + Str(static_cast<double>(life)));
     if (!sheet.DPField.Visible()) text += PoolLines(sheet, f);
     if (Val(f.armor) > 0) text += Line("Armor Value: " + f.armor);

@@ -123,15 +123,14 @@ std::int64_t LiftingCapacity(std::int64_t strength) {
     if (strength <= 5) return strength * 50;
     if (strength <= 10) return (strength - 5) * 200 + 250;
     if (strength <= 15) return (strength - 10) * 500 + 1250;
-    return (strength - 15) * 1000 + 5000;
+    // A Strength from absurd rule data stops at Whole's bound instead of wrapping.
+    return AddWhole(MultiplyWhole(strength - 15, 1000), 5000);
 }
 
 void EncumButton_Action(CharacterSheet& sheet) {
     const std::int64_t strength = std::max<std::int64_t>(0, Whole(sheet.StrengthTotal.Text()));
     const std::int64_t capacity = LiftingCapacity(strength);
-    auto share = [capacity](double k) {
-        return static_cast<std::int64_t>(Floor(static_cast<double>(capacity) * k));
-    };
+    auto share = [capacity](double k) { return Whole(Floor(static_cast<double>(capacity) * k)); };
     const std::int64_t throwing = share(0.9);
     std::string block = "Lifting Capacity = " + number(capacity) + "lbs /" + kilos(capacity) +
                         "kg. Throwing Capacity = " + number(throwing) + "lbs/" + kilos(throwing) +

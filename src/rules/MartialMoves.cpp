@@ -19,7 +19,8 @@ bool visualizing(CharacterSheet& sheet) {
 double freePoints(CharacterSheet& sheet) {
     const ListItem& moves = sheet.SkillMartialVisualListBox;
     const bool visual = visualizing(sheet);
-    double free = static_cast<double>(Whole(sheet.SkillLevelField.Text()) * (visual ? 4 : 3));
+    double free =
+        static_cast<double>(MultiplyWhole(Whole(sheet.SkillLevelField.Text()), visual ? 4 : 3));
     for (int row = 0; row < moves.ListCount(); ++row)
         if (visual || !moves.CellBold(row, 0)) free -= Val(moves.Cell(row, 1));
     return free;

@@ -1,5 +1,7 @@
 #include "rules/Metaphysics.h"
 
+#include <algorithm>
+
 #include "ruledata/RuleData.h"
 #include "rules/EntryLists.h"
 #include "rules/SecondaryAttributes.h"
@@ -18,6 +20,9 @@ const char* const kPointBonusKeys[] = {"bonuslifepts", "bonusendurance", "bonuse
                                        "bonusspeed",   "bonustaintpool", "bonusmadnesspool"};
 constexpr int kAttributeBonusCount = 8;
 constexpr int kPointBonusCount = 6;
+// A press steps through a lowest level one level at a time, but through no more levels than
+// this: a lowest level from absurd rule data (1e12) would keep the press busy for ever.
+constexpr std::int64_t kMostLevelsInOnePress = 1000;
 
 // The name stands between double quotes, since a metaphysic's name may hold an apostrophe.
 std::string metaPath(CharacterSheet& sheet, const std::string& name) {
@@ -175,13 +180,15 @@ void MetaUpDownArrows_Up(CharacterSheet& sheet) {
     const std::int64_t low = lowestLevel(sheet);
     // A lowest level is bought at once: from 0 to 3 in one press.
     const bool oneStep = low == 0 || Whole(sheet.MetaLevelField.Text()) >= low;
-    for (std::int64_t step = 0; step < (oneStep ? 1 : low); ++step) stepUp(sheet);
+    const std::int64_t steps = oneStep ? 1 : std::min(low, kMostLevelsInOnePress);
+    for (std::int64_t step = 0; step < steps; ++step) stepUp(sheet);
 }
 
 void MetaUpDownArrows_Down(CharacterSheet& sheet) {
     const std::int64_t low = lowestLevel(sheet);
     const bool oneStep = low == 0 || low < Whole(sheet.MetaLevelField.Text());
-    for (std::int64_t step = 0; step < (oneStep ? 1 : low); ++step) stepDown(sheet);
+    const std::int64_t steps = oneStep ? 1 : std::min(low, kMostLevelsInOnePress);
+    for (std::int64_t step = 0; step < steps; ++step) stepDown(sheet);
 }
 
 void MetaRecordButton_Action(CharacterSheet& sheet) {

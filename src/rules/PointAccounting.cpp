@@ -59,18 +59,20 @@ std::int64_t CalcSkillPts(CharacterSheet& sheet) {
     for (int row = 0; row < qualities.ListCount(); ++row) {
         const std::string& name = qualities.Cell(row, 0);
         const std::int64_t level = Whole(qualities.Cell(row, 1));
-        if (EqualsNoCase(Left(name, 14), "Status Quality")) status += level;
-        if (EqualsNoCase(Left(name, 17), "Resources Quality")) resources += level;
+        if (EqualsNoCase(Left(name, 14), "Status Quality")) status = AddWhole(status, level);
+        if (EqualsNoCase(Left(name, 17), "Resources Quality"))
+            resources = AddWhole(resources, level);
         if (EqualsNoCase(Left(name, 3), "Age")) hasAgeQuality = true;
     }
     std::int64_t social = status > resources ? status : resources;
-    if (social > 0) points += social;
-    if (hasAgeQuality) return points + 5;
+    // Intelligence and the levels may be as large as Whole goes: the sums stop at its bound.
+    if (social > 0) points = AddWhole(points, social);
+    if (hasAgeQuality) return AddWhole(points, 5);
 
     if (typeIsOneOf(sheet.CharacterTypePopup.Text(), {"Gifted", "Mundane", "Human"})) {
         double age = CDbl(sheet.AgeField.Text());
-        if (age < 18) points -= 5;
-        if (age > 30) points += Whole(Floor((age - 30) / 10) * 5);
+        if (age < 18) points = AddWhole(points, -5);
+        if (age > 30) points = AddWhole(points, Whole(Floor((age - 30) / 10) * 5));
     }
     return points;
 }

@@ -206,13 +206,13 @@ void FigureSecondaryAttributes(CharacterSheet& s) {
             s.MetaField.SetText(SumMetaPts(s) + "/" +
                                 budget("metapts", static_cast<double>(sums.meta)));
             if (s.OptionalSkillPointBox.Value()) {
-                s.AttributeField.SetText(
-                    SumAttrPts(s) + "/" +
-                    budget("attrpts",
-                           static_cast<double>(sums.attribute + CalcAgeAttrbPenalty(s))));
-                s.SkillField.SetText(
-                    SumSkillPts(s) + "/" +
-                    budget("optskillptgen", static_cast<double>(sums.skill + CalcSkillPts(s))));
+                // The sums may reach Whole's bound (rule data of 1e300): they stop there.
+                const auto attributeExtra = AddWhole(sums.attribute, CalcAgeAttrbPenalty(s));
+                s.AttributeField.SetText(SumAttrPts(s) + "/" +
+                                         budget("attrpts", static_cast<double>(attributeExtra)));
+                const auto skillExtra = AddWhole(sums.skill, CalcSkillPts(s));
+                s.SkillField.SetText(SumSkillPts(s) + "/" +
+                                     budget("optskillptgen", static_cast<double>(skillExtra)));
             } else {
                 s.AttributeField.SetText(SumAttrPts(s) + "/" +
                                          budget("attrpts", static_cast<double>(sums.attribute)));

@@ -224,15 +224,31 @@ double CDbl(std::string_view s) {
     return Val(cleaned);
 }
 
+namespace {
+constexpr double kWholeBound = 9.2e18;
+constexpr auto kWholeLimit = static_cast<std::int64_t>(kWholeBound);
+}  // namespace
+
 std::int64_t Whole(double x) {
     if (std::isnan(x)) return 0;
-    constexpr double kMax = 9.2e18;
-    if (x >= kMax) return static_cast<std::int64_t>(kMax);
-    if (x <= -kMax) return -static_cast<std::int64_t>(kMax);
+    if (x >= kWholeBound) return kWholeLimit;
+    if (x <= -kWholeBound) return -kWholeLimit;
     return static_cast<std::int64_t>(x);
 }
 
 std::int64_t Whole(std::string_view s) { return Whole(Val(s)); }
+
+std::int64_t AddWhole(std::int64_t a, std::int64_t b) {
+    std::int64_t sum;
+    if (!__builtin_add_overflow(a, b, &sum)) return sum;
+    return a > 0 ? kWholeLimit : -kWholeLimit;  // both have the sign of the lost sum
+}
+
+std::int64_t MultiplyWhole(std::int64_t a, std::int64_t b) {
+    std::int64_t product;
+    if (!__builtin_mul_overflow(a, b, &product)) return product;
+    return (a > 0) == (b > 0) ? kWholeLimit : -kWholeLimit;
+}
 
 std::string Str(double x) {
     if (x == 0 || std::isnan(x)) return "0";

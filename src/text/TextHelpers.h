@@ -17,6 +17,10 @@ double CDbl(std::string_view s);
 // The whole-number conversion: the fraction is dropped (towards zero).
 std::int64_t Whole(double x);
 std::int64_t Whole(std::string_view s);
+// Sums and products of whole numbers: exact while they fit in 64 bits, and beyond that the
+// bound Whole gives a number too large (9.2e18 with the sign of the result), never a wrap.
+std::int64_t AddWhole(std::int64_t a, std::int64_t b);
+std::int64_t MultiplyWhole(std::int64_t a, std::int64_t b);
 // A number as the sheet shows it: plain digits (an exponent only beyond 1e21 or below 1e-6),
 // at most 15 significant digits, no trailing zeros and no ".0".
 std::string Str(double x);

@@ -86,6 +86,18 @@ TEST_F(Metaphysics, TheLowestLevelIsBoughtAndSoldInOnePress) {
     ExpectTexts("MetaLevelField=4|MetaCostField=8");
 }
 
+TEST_F(Metaphysics, APressStepsThroughAThousandLevelsAtMost) {
+    // Absurd rule data: a lowest level that a press would otherwise take years to step through.
+    UseRules(R"(<zephalondata><metaphysics><type value="Gifts"><name value="Abyss">
+        <costs minlevel="100000" maxlevel="0" creationcost="1" creationcost_highvalue="2"/>
+      </name></type></metaphysics></zephalondata>)");
+    Pick("Abyss");
+    MetaUpDownArrows_Up(*sheet);
+    ExpectTexts("MetaLevelField=1000|MetaCostField=1995");  // 5 levels at 1, 995 at 2
+    MetaUpDownArrows_Down(*sheet);
+    ExpectTexts("MetaLevelField=0|MetaCostField=0");
+}
+
 TEST_F(Metaphysics, InPlayTheFirstLevelHasItsOwnPrice) {
     sheet->CharacterInPlayBox.SetValue(true);
     Pick("Seer's Eye");

@@ -161,6 +161,17 @@ TEST_F(Recomputation, TheOptionalSystemChangesTheSkillBudget) {
     ExpectTexts("SkillField=0/23");
 }
 
+TEST_F(Recomputation, BudgetsPastTheWholeNumbersStopAtTheirBound) {
+    // An Intelligence and bonuses of 1e300 from the rule data; an age far past any penalty.
+    SetFields({"", "", "", "1e300"});
+    AddQualityRow("Scholar", {{1, "1"}, {17, "Intelligence&&1"}, {20, "Attr&&-1e300"}});
+    sheet->AgeField.SetText("1e30");
+    sheet->OptionalSkillPointBox.SetValue(true);
+    Choose("Gifted", "Vital");
+    ExpectTexts("SkillField=0/9200000000000000000|"
+                "AttributeField=9200000000000000000/-9200000000000000000");
+}
+
 TEST_F(Recomputation, AnXmlFailureShowsTheReportAndStops) {
     SetFields({"3"});
     sheet->CharacterTypePopup.SetText("Devil's Own");

@@ -23,6 +23,20 @@ TEST(Numbers, ValReadsTheNumberAtTheStartCDblGroupedOnesWholeCutsRoundHalvesAway
     EXPECT_EQ(Floor(0.9), 0);
 }
 
+TEST(Numbers, WholeSumsAndProductsAreExactWhileTheyFitAndStopAtWholesBoundBeyond) {
+    const std::int64_t bound = Whole(1e300), max = INT64_MAX, min = INT64_MIN;
+    const std::tuple<std::int64_t, std::int64_t, std::int64_t> sums[] = {
+        {2, 3, 5},       {-7, 4, -3},       {max - 1, 1, max},        {bound, bound, bound},
+        {max, 1, bound}, {min, -1, -bound}, {-bound, -bound, -bound}, {max, min, -1}};
+    for (const auto& [a, b, sum] : sums) EXPECT_EQ(AddWhole(a, b), sum) << a << " + " << b;
+    const std::tuple<std::int64_t, std::int64_t, std::int64_t> products[] = {
+        {6, 7, 42},        {-3, 4, -12},        {bound, 1, bound},   {max / 2, 2, max - 1},
+        {bound, 2, bound}, {bound, -2, -bound}, {-bound, -3, bound}, {min, -1, bound},
+        {0, bound, 0}};
+    for (const auto& [a, b, product] : products)
+        EXPECT_EQ(MultiplyWhole(a, b), product) << a << " * " << b;
+}
+
 TEST(Str, WritesPlainDigitsToFifteenSignificantWithoutATrailingZero) {
     const std::pair<double, const char*> cases[] = {
         {-4, "-4"}, {1.5, "1.5"}, {-0.0, "0"}, {100000, "100000"}, {0.1 + 0.2, "0.3"},
