@@ -19,7 +19,7 @@
 
 #include "platform/ScriptedPlatform.h"
 #include "ruledata/DataModule.h"
-#include "rules/SheetOperations.h"
+#include "shell/SheetOperations.h"
 #include "sheet/CharacterSheet.h"
 #include "shell/App.h"
 
