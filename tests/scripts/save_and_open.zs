@@ -46,3 +46,11 @@ expect savedChar false
 answer Save
 do Event_CancelClose
 expect savedChar true
+
+# After a load the type list holds only the saved type; its first focus loads the list and
+# keeps row 0, so the file's first type takes the saved one's place and refills the choices.
+open tests/data/sample_character.xml
+expect CharacterTypePopup.rows Gifted
+do CharacterTypePopup_GotFocus
+expect CharacterTypePopup Human
+expect ChooseCharPopup.rows Survivor|Hero
