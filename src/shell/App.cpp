@@ -15,6 +15,9 @@ const char* const kFirstRunMessage =
 const char* const kMissingFileMessage =
     "Please locate a data file in XML format for Zephalon to use.";
 const char* const kInvalidPreferencesMessage = "The preferences file is invalid.";
+const char* const kMissingDocumentationMessage =
+    "The Documentation folder isn't in the same directory as the Zephalon application.Please "
+    "indicate where the Documentation folder is.";
 
 }  // namespace
 
@@ -26,6 +29,17 @@ std::string App::BundledRulesFolder() const {
         if (IsExistingFolder(folder)) return folder;
     }
     return "";
+}
+
+void App::_HelpHelp_Action() {
+    std::string folder = JoinPath(platform_.ApplicationFolder(), "Documentation");
+    if (!IsExistingFolder(folder)) {
+        platform_.MsgBox(kMissingDocumentationMessage);
+        const auto chosen = platform_.SelectFolderDialog("Where is the Documentation folder?");
+        if (!chosen) return;
+        folder = *chosen;
+    }
+    platform_.ShowURL("file://" + JoinPath(folder, "index.html"));
 }
 
 std::string App::askForDataFile(const std::string& message) {

@@ -22,6 +22,10 @@ public:
     // Shows the failure report and returns false when the file is not XML.
     bool LoadDataFile(const std::string& path);
 
+    // Shows Documentation/index.html beside the application in the browser; asks where the
+    // folder is when it is not there.
+    void _HelpHelp_Action();
+
     // The folder a file dialog for rule data opens in: where the bundled sample lives.
     std::string BundledRulesFolder() const;
 

@@ -6,6 +6,7 @@
 #include "documents/CharacterFile.h"
 #include "documents/RecentFiles.h"
 #include "ruledata/DataModule.h"
+#include "shell/App.h"
 #include "shell/SheetOperations.h"
 #include "shell/gui/CharWindow.h"
 #include "shell/gui/CoreCall.h"
@@ -79,13 +80,15 @@ bool GuiApp::CloseAll() {
 }
 
 bool GuiApp::HandlesCommand(const std::string& name) const {
-    return name == "FileNew" || name == "FileLoadCharacterFile" || name == "FileQuit";
+    return name == "FileNew" || name == "FileLoadCharacterFile" || name == "FileQuit" ||
+           name == "HelpHelp";
 }
 
 void GuiApp::RunCommand(const std::string& name) {
     if (name == "FileNew") NewWindow();
     else if (name == "FileLoadCharacterFile") OpenCharacter("");
     else if (name == "FileQuit" && CloseAll()) QApplication::quit();
+    else if (name == "HelpHelp") CallCore([&] { app_._HelpHelp_Action(); });
 }
 
 }  // namespace zeph::gui
