@@ -10,6 +10,7 @@
 #include "shell/SheetOperations.h"
 #include "shell/gui/CharWindow.h"
 #include "shell/gui/ExportView.h"
+#include "shell/gui/JournalView.h"
 #include "shell/gui_test_app.h"
 #include "sheet/CharacterSheet.h"
 
@@ -81,6 +82,25 @@ TEST_F(CharWindowMenus, StyledFieldsCarryFontSizeAndColourBothWays) {
     const StyleRun back = window->Sheet().EquipmentField.Styled().runs.at(0);
     EXPECT_EQ(back.text, "Dxagger");
     EXPECT_TRUE(back.SameStyle(run));
+}
+
+TEST_F(CharWindowMenus, TheJournalCrossesToItsWindowAndBackAtClosing) {
+    CharacterSheet& sheet = window->Sheet();
+    sheet.JournalField.SetText("Day one");
+    sheet.savedChar = true;
+    action("FileCharacterJournal")->trigger();
+    window->findChild<QPushButton*>("JournalButton")->click();  // open already: no second one
+    ASSERT_EQ(window->findChildren<JournalView*>().size(), 1);
+    JournalView* journal = window->findChild<JournalView*>();
+    EXPECT_EQ(journal->windowTitle(), "Journal for Ann");
+    EXPECT_FALSE(sheet.savedChar);  // filling the window is an edit
+    auto* edit = journal->findChild<QTextEdit*>("JournalField");
+    EXPECT_EQ(edit->toPlainText(), "Day one");
+    edit->setPlainText("Day two");
+    EXPECT_EQ(sheet.JournalField.Text(), "Day one");  // the sheet's copy waits for the close
+    journal->close();
+    EXPECT_EQ(sheet.JournalField.Text(), "Day two");
+    EXPECT_FALSE(sheet.JournalField.Visible() || sheet.journalWindowIsOpen);
 }
 
 }  // namespace

@@ -19,6 +19,7 @@
 #include "sheet/CharacterSheet.h"
 #include "rules/Equipment.h"
 #include "shell/gui/ExportView.h"
+#include "shell/gui/JournalView.h"
 #include "shell/SheetOperations.h"
 #include "shell/gui/CoreCall.h"
 #include "shell/gui/ItemBinding.h"
@@ -99,6 +100,8 @@ CharWindow::CharWindow(std::unique_ptr<CharacterSheet> sheet, QWidget* parent)
 
 CharWindow::~CharWindow() {
     timer_->stop();
+    // The journal and export windows hang from this character's sheet: they go first.
+    qDeleteAll(findChildren<QMainWindow*>(QString(), Qt::FindDirectChildrenOnly));
     binder_.reset();
 }
 
@@ -119,7 +122,10 @@ const char* const kTabCommands[] = {"TabAttributes", "TabQualities",  "TabSkills
 
 }  // namespace
 
-void CharWindow::InstallMenus(const MenuSources& sources) { BuildMenuBar(*this, sources); }
+void CharWindow::InstallMenus(const MenuSources& sources) {
+    menus_ = sources;
+    BuildMenuBar(*this, sources);
+}
 
 void CharWindow::Load(const std::string& path) {
     call([&] { LoadXMLCharSheet(*sheet_, path); });
@@ -129,7 +135,7 @@ bool CharWindow::HandlesCommand(const std::string& name) const {
     for (const char* tab : kTabCommands)
         if (name == tab) return true;
     return name == "FileClose" || name == "FileSave" || name == "FileSaveAsCharacterFile" ||
-           name == "FileExport";
+           name == "FileExport" || name == "FileCharacterJournal";
 }
 
 void CharWindow::RunCommand(const std::string& name) {
@@ -139,6 +145,7 @@ void CharWindow::RunCommand(const std::string& name) {
     else if (name == "FileSave") call([&] { _FileSave_Action(*sheet_); });
     else if (name == "FileSaveAsCharacterFile") call([&] { _FileSaveAsCharacterFile_Action(*sheet_); });
     else if (name == "FileExport") (new ExportView(*sheet_, this))->show();
+    else if (name == "FileCharacterJournal") JournalView::OpenTheJournal(*sheet_, this, menus_);
 }
 
 // Only the Tab menu's commands move its check marks; a click on a tab leaves them.
@@ -362,6 +369,10 @@ QWidget* CharWindow::descriptionTab() {
                                      {"AltFormButton", "Alt Form"}})
         buttons->addWidget(bound(name, text));
     buttons->addStretch(1);
+    auto* journal = new QPushButton("Open Journal");
+    journal->setObjectName("JournalButton");
+    connect(journal, &QPushButton::clicked, this, [this] { RunCommand("FileCharacterJournal"); });
+    buttons->addWidget(journal);
 
     // The long texts share one place; their items say which of them stands in it.
     auto* texts = new QVBoxLayout;

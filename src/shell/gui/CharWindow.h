@@ -58,6 +58,7 @@ class CharWindow : public QMainWindow, public CommandTarget {
     QWidget* descriptionTab();
     QWidget* equipmentTab();
 
+    MenuSources menus_{nullptr, {}, {}};
     std::unique_ptr<CharacterSheet> sheet_;
     // After the sheet, so the bindings detach before the sheet goes.
     std::unique_ptr<SheetBinder> binder_;

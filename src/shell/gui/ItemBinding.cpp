@@ -399,6 +399,12 @@ Item& SheetBinder::find(const std::string& itemName) const {
     return *item;
 }
 
+QWidget* SheetBinder::StyledField(TextItem& item) {
+    auto* edit = new QTextEdit(owner_);
+    adopt(std::make_unique<StyledBinding>(sheet_, item, *edit, call_));
+    return edit;
+}
+
 QWidget* SheetBinder::Widget(const std::string& itemName, const std::string& caption) {
     Item& item = find(itemName);
     std::unique_ptr<ItemBinding> binding;

@@ -86,6 +86,8 @@ class SheetBinder {
     // runs its _Action), an editable combo box for a combo, a fixed one for a choice, a
     // tree for a list, a text edit for styled text, a label for a label. Named after the item.
     QWidget* Widget(const std::string& itemName, const std::string& caption = "");
+    // A styled text edit over a styled item that is not the sheet's own (a journal window's).
+    QWidget* StyledField(TextItem& item);
     // Any text item shown as a label (numbers the user clicks rather than types).
     QLabel* Label(const std::string& itemName);
     // Shows every bound item as it stands; call once the widgets sit in their layouts.

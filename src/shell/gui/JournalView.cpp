@@ -1,0 +1,43 @@
+#include "shell/gui/JournalView.h"
+
+#include <QCloseEvent>
+#include <QVBoxLayout>
+
+#include "shell/Journal.h"
+#include "shell/gui/CoreCall.h"
+#include "shell/gui/ItemBinding.h"
+
+namespace zeph::gui {
+
+void JournalView::OpenTheJournal(CharacterSheet& sheet, QWidget* parent, const MenuSources& menus) {
+    auto* view = new JournalView(sheet, parent);
+    CallCore([&] { view->journal_ = Journal::OpenTheJournal(sheet, [view] { view->close(); }); });
+    if (!view->journal_) {
+        delete view;
+        return;
+    }
+    view->setWindowTitle(QString::fromStdString(view->journal_->Title()));
+    auto* central = new QWidget;
+    auto* layout = new QVBoxLayout(central);
+    layout->addWidget(view->binder_->StyledField(view->journal_->Field()));
+    view->setCentralWidget(central);
+    view->binder_->ShowAll();
+    if (menus.recentItems) BuildMenuBar(*view, menus);
+    view->resize(560, 480);
+    view->show();
+}
+
+JournalView::JournalView(CharacterSheet& sheet, QWidget* parent) : QMainWindow(parent) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    binder_ = std::make_unique<SheetBinder>(
+        sheet, [](const std::function<void()>& work) { CallCore(work); }, this);
+}
+
+JournalView::~JournalView() { binder_.reset(); }
+
+void JournalView::closeEvent(QCloseEvent* event) {
+    if (journal_) CallCore([&] { journal_->Event_Close(); });
+    event->accept();
+}
+
+}  // namespace zeph::gui
