@@ -103,5 +103,19 @@ TEST_F(CharWindowMenus, TheJournalCrossesToItsWindowAndBackAtClosing) {
     EXPECT_FALSE(sheet.JournalField.Visible() || sheet.journalWindowIsOpen);
 }
 
+TEST_F(CharWindowMenus, ListButtonsArrowsAndDeleteKeyRunTheirOperations) {
+    CharacterSheet& sheet = window->Sheet();
+    window->findChild<QPushButton*>("QualitySeparator")->click();
+    window->findChild<QPushButton*>("MetaSeparator")->click();
+    EXPECT_EQ(sheet.QualityListBox.Cell(0, 0) + sheet.MetaListBox.Cell(0, 0), "----");
+    sheet.QualityListBox.SetListIndex(0);
+    auto* list = window->findChild<QTreeWidget*>("QualityListBox");
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
+    QApplication::sendEvent(list, &press);
+    EXPECT_EQ(sheet.QualityListBox.ListCount(), 0);
+    window->findChild<QToolButton*>("SkillUpDownArrows1_Up")->click();
+    EXPECT_EQ(sheet.SkillLevelField.Text(), "1");
+}
+
 }  // namespace
 }  // namespace zeph::gui

@@ -10,7 +10,11 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QHeaderView>
+#include <QKeyEvent>
 #include <QTabWidget>
+#include <QToolButton>
+#include <QTreeWidget>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -18,6 +22,7 @@
 #include "documents/SavingCharacters.h"
 #include "sheet/CharacterSheet.h"
 #include "rules/Equipment.h"
+#include "rules/MartialMoves.h"
 #include "shell/gui/ExportView.h"
 #include "shell/gui/JournalView.h"
 #include "shell/SheetOperations.h"
@@ -48,6 +53,16 @@ QGridLayout* formGrid() {
     grid->setColumnStretch(3, 1);
     grid->setHorizontalSpacing(10);
     return grid;
+}
+
+// A level field with its arrows beside it.
+QWidget* withArrows(QWidget* field, QWidget* arrowPair) {
+    auto* pair = new QWidget;
+    auto* layout = new QHBoxLayout(pair);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(field, 1);
+    layout->addWidget(arrowPair);
+    return pair;
 }
 
 QGroupBox* group(const QString& title, QLayout* layout) {
@@ -187,6 +202,62 @@ QWidget* CharWindow::bonusNumber(const std::string& itemName) {
     return label;
 }
 
+QWidget* CharWindow::actionButton(const std::string& name, const QString& caption) {
+    auto* button = new QPushButton(caption);
+    button->setObjectName(QString::fromStdString(name));
+    connect(button, &QPushButton::clicked, this, [this, name] { runOperation(name + "_Action"); });
+    return button;
+}
+
+QWidget* CharWindow::arrows(const std::string& name) {
+    auto* pair = new QWidget;
+    pair->setObjectName(QString::fromStdString(name));
+    auto* layout = new QVBoxLayout(pair);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    for (const auto& [arrow, event] : {std::pair{Qt::UpArrow, "_Up"}, {Qt::DownArrow, "_Down"}}) {
+        auto* button = new QToolButton;
+        button->setArrowType(arrow);
+        button->setObjectName(QString::fromStdString(name + event));
+        button->setFixedHeight(14);
+        connect(button, &QToolButton::clicked, this,
+                [this, operation = name + event] { runOperation(operation); });
+        layout->addWidget(button);
+    }
+    return pair;
+}
+
+QWidget* CharWindow::entryList(const std::string& name) {
+    QWidget* list = bound(name);
+    list->installEventFilter(this);
+    return list;
+}
+
+bool CharWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return QMainWindow::eventFilter(watched, event);
+    // The delete keys as the lists' key operation knows them.
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    const char* code = key == Qt::Key_Backspace ? "\x08" : key == Qt::Key_Delete ? "\x10" : nullptr;
+    if (code == nullptr) return QMainWindow::eventFilter(watched, event);
+    const std::string operation = watched->objectName().toStdString() + "_KeyDown";
+    call([&] { sheet_->Operations().at(operation).run(*sheet_, code); });
+    return true;
+}
+
+void CharWindow::offerMenu(QWidget* widget, const std::function<std::vector<std::string>()>& items,
+                           const std::function<void(const std::string&)>& chosen) {
+    widget->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(widget, &QWidget::customContextMenuRequested, this,
+            [this, widget, items, chosen](const QPoint& at) {
+                QMenu menu;
+                call([&] {
+                    for (const std::string& item : items()) menu.addAction(QString::fromStdString(item));
+                });
+                if (QAction* picked = menu.exec(widget->mapToGlobal(at)))
+                    call([&] { chosen(picked->text().toStdString()); });
+            });
+}
+
 QWidget* CharWindow::attributesTab() {
     auto* identity = new QFormLayout;
     identity->addRow("Name:", bound("NameField"));
@@ -281,7 +352,7 @@ QWidget* CharWindow::qualitiesTab() {
     addField(entry, 2, 0, "Prereqs:", bound("QualityPrerequisiteField"));
     addField(entry, 3, 0, "Notes:", bound("QualityNoteField"));
     addField(entry, 4, 0, bound("QualityAltFormText"), bound("QualityAlternateFormCombo"));
-    addField(entry, 0, 1, "Level:", bound("QualityLevelField"));
+    addField(entry, 0, 1, "Level:", withArrows(bound("QualityLevelField"), arrows("QualityUpDownArrows")));
     addField(entry, 1, 1, "Cost:", bound("QualityCostField"));
     addField(entry, 2, 1, "Max Level:", bound("QualityMaxLevelField"));
     addField(entry, 3, 1, "XP Cost:", bound("QualityXPCostField"));
@@ -289,19 +360,40 @@ QWidget* CharWindow::qualitiesTab() {
              "Cost per Level at Creation/After Level 5:", bound("QualityCostPerLevelField"));
     addField(entry, 5, 1, "XP Cost/After Level 5:", bound("QualityXPCostPerLevelField"));
 
+    auto* listButtons = new QHBoxLayout;
+    QWidget* keepSeparate = bound("QualitiesSeparateQDBox", "Keep Drawbacks and Qualities Separate");
+    keepSeparate->setToolTip("Will not separate if a header is clicked. Click Separate button to "
+                             "trigger Separation again.");
+    listButtons->addWidget(actionButton("QualitySeparator", "--"));
+    listButtons->addWidget(actionButton("QualitySeparateButton", "Separate"));
+    listButtons->addWidget(keepSeparate);
+    listButtons->addStretch(1);
+    listButtons->addWidget(actionButton("QualityRemoveButton", "Remove"));
+
+    auto* list = static_cast<QTreeWidget*>(entryList("QualityListBox"));
+    // A press on a heading sorts the rows and so ends keeping drawbacks apart.
+    list->header()->setSectionsClickable(true);
+    connect(list->header(), &QHeaderView::sectionClicked, this,
+            [this] { runOperation("QualityListBox_HeaderPressed"); });
+
     auto* page = new QWidget;
     auto* layout = new QVBoxLayout(page);
-    layout->addWidget(bound("QualityListBox"), 1);
-    layout->addWidget(bound("QualitiesSeparateQDBox", "Keep Drawbacks and Qualities Separate"));
+    layout->addWidget(list, 1);
+    layout->addLayout(listButtons);
     layout->addWidget(group("Select Quality", select));
     layout->addLayout(entry);
+    layout->addWidget(actionButton("QualityRecordButton", "Record"), 0, Qt::AlignRight);
     return page;
 }
 
 QWidget* CharWindow::skillsTab() {
     auto* lists = new QHBoxLayout;
-    lists->addWidget(bound("SkillListBox"), 3);
-    lists->addWidget(bound("SkillMartialVisualListBox"), 2);
+    lists->addWidget(entryList("SkillListBox"), 3);
+    QWidget* moves = bound("SkillMartialVisualListBox");
+    offerMenu(
+        moves, [this] { return SkillMartialVisualListBox_ConstructContextualMenu(*sheet_); },
+        [this](const std::string& item) { SkillMartialVisualListBox_ContextualMenuAction(*sheet_, item); });
+    lists->addWidget(moves, 2);
 
     auto* select = new QFormLayout;
     select->addRow("Category:", bound("SkillCategoryPopup"));
@@ -313,15 +405,26 @@ QWidget* CharWindow::skillsTab() {
     addField(entry, 2, 0, "Type List:", bound("SkillSelectPopup"));
     addField(entry, 3, 0, "Notes:", bound("SkillNotesField"));
     addField(entry, 0, 1, "Type:", bound("SkillTypeCombo"));
-    addField(entry, 1, 1, "Level:", bound("SkillLevelField"));
+    addField(entry, 1, 1, "Level:", withArrows(bound("SkillLevelField"), arrows("SkillUpDownArrows1")));
     addField(entry, 2, 1, "Cost:", bound("SkillCostField"));
     addField(entry, 3, 1, "XP Cost:", bound("SkillXPCostField"));
+
+    auto* listButtons = new QHBoxLayout;
+    listButtons->addWidget(actionButton("SkillSeparator", "--"));
+    listButtons->addStretch(1);
+    listButtons->addWidget(actionButton("SkillRemoveButton", "Remove"));
 
     auto* page = new QWidget;
     auto* layout = new QVBoxLayout(page);
     layout->addLayout(lists, 1);
+    layout->addLayout(listButtons);
     layout->addWidget(group("Select Skill", select));
     layout->addLayout(entry);
+    auto* record = new QHBoxLayout;
+    record->addWidget(actionButton("SkillSpecialtyButton", "Add a Specialty"));
+    record->addStretch(1);
+    record->addWidget(actionButton("SkillRecordButton", "Record"));
+    layout->addLayout(record);
     return page;
 }
 
@@ -336,7 +439,7 @@ QWidget* CharWindow::metaphysicsTab() {
     addField(entry, 2, 0, "Prereqs:", bound("MetaPrerequisiteField"));
     addField(entry, 3, 0, "Notes:", bound("MetaNoteField"));
     addField(entry, 4, 0, "XP Cost for First Level:", bound("MetaXPCostNewField"));
-    addField(entry, 0, 1, "Level:", bound("MetaLevelField"));
+    addField(entry, 0, 1, "Level:", withArrows(bound("MetaLevelField"), arrows("MetaUpDownArrows")));
     addField(entry, 1, 1, "Cost:", bound("MetaCostField"));
     addField(entry, 2, 1, "Min/Max Lvl:", bound("MetaMaxLevelField"));
     addField(entry, 3, 1, "XP Cost:", bound("MetaXPCostField"));
@@ -344,11 +447,18 @@ QWidget* CharWindow::metaphysicsTab() {
              "Cost per Level at Creation/After Level 5:", bound("MetaCostPerLevelField"));
     addField(entry, 5, 1, "XP Cost/After Level 5:", bound("MetaXPCostPerLevelField"));
 
+    auto* listButtons = new QHBoxLayout;
+    listButtons->addWidget(actionButton("MetaSeparator", "--"));
+    listButtons->addStretch(1);
+    listButtons->addWidget(actionButton("MetaRemoveButton", "Remove"));
+
     auto* page = new QWidget;
     auto* layout = new QVBoxLayout(page);
-    layout->addWidget(bound("MetaListBox"), 1);
+    layout->addWidget(entryList("MetaListBox"), 1);
+    layout->addLayout(listButtons);
     layout->addWidget(group("Select Metaphysic", select));
     layout->addLayout(entry);
+    layout->addWidget(actionButton("MetaRecordButton", "Record"), 0, Qt::AlignRight);
     return page;
 }
 
@@ -398,18 +508,9 @@ QWidget* CharWindow::equipmentTab() {
 
     // The field's context menu offers the items of the chosen type.
     QWidget* field = bound("EquipmentField");
-    field->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(field, &QWidget::customContextMenuRequested, this, [this, field](const QPoint& at) {
-        QMenu menu;
-        call([&] {
-            for (const std::string& item : EquipmentField_ConstructContextualMenu(*sheet_))
-                menu.addAction(QString::fromStdString(item));
-        });
-        if (QAction* chosen = menu.exec(field->mapToGlobal(at)))
-            call([&] {
-                EquipmentField_ContextualMenuAction(*sheet_, chosen->text().toStdString());
-            });
-    });
+    offerMenu(
+        field, [this] { return EquipmentField_ConstructContextualMenu(*sheet_); },
+        [this](const std::string& item) { EquipmentField_ContextualMenuAction(*sheet_, item); });
 
     auto* page = new QWidget;
     auto* layout = new QVBoxLayout(page);

@@ -50,6 +50,16 @@ class CharWindow : public QMainWindow, public CommandTarget {
     QWidget* bound(const std::string& itemName, const std::string& caption = "");
     QWidget* shown(const std::string& itemName);
     QWidget* bonusNumber(const std::string& itemName);
+    // A push button that runs the operation of its name's "_Action".
+    QWidget* actionButton(const std::string& name, const QString& caption);
+    // The level arrows: "_Up" and "_Down" of `name`.
+    QWidget* arrows(const std::string& name);
+    // One of the three big lists: the delete keys go to its "_KeyDown".
+    QWidget* entryList(const std::string& name);
+    // A list or field whose right click offers the items its operation builds.
+    void offerMenu(QWidget* widget, const std::function<std::vector<std::string>()>& items,
+                   const std::function<void(const std::string&)>& chosen);
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
     QWidget* attributesTab();
     QWidget* qualitiesTab();
