@@ -117,5 +117,29 @@ TEST_F(CharWindowMenus, ListButtonsArrowsAndDeleteKeyRunTheirOperations) {
     EXPECT_EQ(sheet.SkillLevelField.Text(), "1");
 }
 
+TEST_F(CharWindowMenus, FormatCommandsAndTabInTheStyledFields) {
+    auto* notes = window->findChild<QTextEdit*>("NotesField");
+    notes->setPlainText("abc");
+    notes->selectAll();
+    window->Sheet().savedChar = true;
+    FormatSelection(*notes, "FormatBold");
+    FormatSelection(*notes, "FormatBigger");  // from the default size: 2
+    FormatSelection(*notes, "FormatBigger");
+    FormatSelection(*notes, "FormatSmaller");
+    StyleRun run = window->Sheet().NotesField.Styled().runs.at(0);
+    EXPECT_TRUE(run.bold);
+    EXPECT_EQ(run.size, 2);
+    FormatSelection(*notes, "FormatSmaller");
+    FormatSelection(*notes, "FormatSmaller");  // never below the default
+    EXPECT_EQ(window->Sheet().NotesField.Styled().runs.at(0).size, 0);
+    EXPECT_TRUE(window->Sheet().savedChar);  // a change of format is no edit
+
+    notes->moveCursor(QTextCursor::End);
+    QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+    QApplication::sendEvent(notes, &tab);
+    EXPECT_EQ(window->Sheet().NotesField.Text(), "abc    ");
+    EXPECT_TRUE(window->findChild<QTextEdit*>("ContactsField")->tabChangesFocus());
+}
+
 }  // namespace
 }  // namespace zeph::gui

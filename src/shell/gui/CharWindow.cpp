@@ -1,6 +1,8 @@
 #include "shell/gui/CharWindow.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QTextEdit>
 #include <QCloseEvent>
 #include <QFormLayout>
 #include <QGridLayout>
@@ -150,7 +152,7 @@ bool CharWindow::HandlesCommand(const std::string& name) const {
     for (const char* tab : kTabCommands)
         if (name == tab) return true;
     return name == "FileClose" || name == "FileSave" || name == "FileSaveAsCharacterFile" ||
-           name == "FileExport" || name == "FileCharacterJournal";
+           name == "FileExport" || name == "FileCharacterJournal" || name.rfind("Format", 0) == 0;
 }
 
 void CharWindow::RunCommand(const std::string& name) {
@@ -161,6 +163,31 @@ void CharWindow::RunCommand(const std::string& name) {
     else if (name == "FileSaveAsCharacterFile") call([&] { _FileSaveAsCharacterFile_Action(*sheet_); });
     else if (name == "FileExport") (new ExportView(*sheet_, this))->show();
     else if (name == "FileCharacterJournal") JournalView::OpenTheJournal(*sheet_, this, menus_);
+    else if (auto* edit = qobject_cast<QTextEdit*>(QApplication::focusWidget())) FormatSelection(*edit, name);
+}
+
+void FormatSelection(QTextEdit& edit, const std::string& command) {
+    QTextCursor cursor = edit.textCursor();
+    const QTextCharFormat now = cursor.charFormat();
+    QTextCharFormat change;
+    if (command == "FormatBold") change.setFontWeight(now.fontWeight() >= QFont::Bold ? QFont::Normal : QFont::Bold);
+    if (command == "FormatItalic") change.setFontItalic(!now.fontItalic());
+    if (command == "FormatUnderline") change.setFontUnderline(!now.fontUnderline());
+    if (command == "FormatBigger" || command == "FormatSmaller") {
+        // Sizes step by two from the size the text names (0: the default), never below 0.
+        const int size = now.hasProperty(QTextFormat::FontPointSize) ? qRound(now.fontPointSize()) : 0;
+        const int next = command == "FormatBigger" ? size + 2 : std::max(size - 2, 0);
+        if (next == 0) {
+            QTextCharFormat plain = now;
+            plain.clearProperty(QTextFormat::FontPointSize);
+            if (cursor.hasSelection()) cursor.setCharFormat(plain);
+            else edit.setCurrentCharFormat(plain);
+            return;
+        }
+        change.setFontPointSize(next);
+    }
+    if (!cursor.hasSelection()) edit.mergeCurrentCharFormat(change);
+    else cursor.mergeCharFormat(change);
 }
 
 // Only the Tab menu's commands move its check marks; a click on a tab leaves them.
@@ -227,6 +254,14 @@ QWidget* CharWindow::arrows(const std::string& name) {
     return pair;
 }
 
+QWidget* CharWindow::styledField(const std::string& name) {
+    auto* edit = static_cast<QTextEdit*>(bound(name));
+    // Tab types four blanks in the notes and the equipment; elsewhere it moves on.
+    if (name == "NotesField" || name == "EquipmentField") edit->installEventFilter(this);
+    else edit->setTabChangesFocus(true);
+    return edit;
+}
+
 QWidget* CharWindow::entryList(const std::string& name) {
     QWidget* list = bound(name);
     list->installEventFilter(this);
@@ -235,6 +270,11 @@ QWidget* CharWindow::entryList(const std::string& name) {
 
 bool CharWindow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress) return QMainWindow::eventFilter(watched, event);
+    if (auto* edit = qobject_cast<QTextEdit*>(watched)) {
+        if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_Tab) return false;
+        edit->textCursor().insertText("    ");
+        return true;
+    }
     // The delete keys as the lists' key operation knows them.
     const int key = static_cast<QKeyEvent*>(event)->key();
     const char* code = key == Qt::Key_Backspace ? "\x08" : key == Qt::Key_Delete ? "\x10" : nullptr;
@@ -488,7 +528,7 @@ QWidget* CharWindow::descriptionTab() {
     auto* texts = new QVBoxLayout;
     for (const char* name :
          {"NotesField", "ContactsField", "HistoryField", "AltFormField", "JournalField"})
-        texts->addWidget(bound(name), 1);
+        texts->addWidget(styledField(name), 1);
 
     auto* page = new QWidget;
     auto* layout = new QVBoxLayout(page);
@@ -507,7 +547,7 @@ QWidget* CharWindow::equipmentTab() {
             [this] { runOperation("EncumButton_Action"); });
 
     // The field's context menu offers the items of the chosen type.
-    QWidget* field = bound("EquipmentField");
+    QWidget* field = styledField("EquipmentField");
     offerMenu(
         field, [this] { return EquipmentField_ConstructContextualMenu(*sheet_); },
         [this](const std::string& item) { EquipmentField_ContextualMenuAction(*sheet_, item); });

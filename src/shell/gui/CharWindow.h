@@ -12,6 +12,7 @@
 
 class QCloseEvent;
 class QGridLayout;
+class QTextEdit;
 class QTabWidget;
 class QTimer;
 
@@ -22,6 +23,9 @@ class CharacterSheet;
 namespace zeph::gui {
 
 class SheetBinder;
+
+// The Format menu's commands on the selection of a styled field.
+void FormatSelection(QTextEdit& edit, const std::string& command);
 
 class CharWindow : public QMainWindow, public CommandTarget {
   public:
@@ -54,6 +58,8 @@ class CharWindow : public QMainWindow, public CommandTarget {
     QWidget* actionButton(const std::string& name, const QString& caption);
     // The level arrows: "_Up" and "_Down" of `name`.
     QWidget* arrows(const std::string& name);
+    // A styled field with its Tab key.
+    QWidget* styledField(const std::string& name);
     // One of the three big lists: the delete keys go to its "_KeyDown".
     QWidget* entryList(const std::string& name);
     // A list or field whose right click offers the items its operation builds.
