@@ -11,6 +11,7 @@
 #include "shell/gui/CharWindow.h"
 #include "shell/gui/ExportView.h"
 #include "shell/gui/JournalView.h"
+#include "shell/gui/PortraitView.h"
 #include "shell/gui_test_app.h"
 #include "sheet/CharacterSheet.h"
 
@@ -139,6 +140,30 @@ TEST_F(CharWindowMenus, FormatCommandsAndTabInTheStyledFields) {
     QApplication::sendEvent(notes, &tab);
     EXPECT_EQ(window->Sheet().NotesField.Text(), "abc    ");
     EXPECT_TRUE(window->findChild<QTextEdit*>("ContactsField")->tabChangesFocus());
+}
+
+TEST_F(CharWindowMenus, APortraitDroppedSizesTheWindowAndWaitsForTheSave) {
+    CharacterSheet& sheet = window->Sheet();
+    sheet.portraitPath = "/nonexistent/ann.png";
+    action("FileCharacterPortrait")->trigger();
+    action("FileCharacterPortrait")->trigger();  // open already: nothing
+    ASSERT_EQ(window->findChildren<PortraitView*>().size(), 1);
+    EXPECT_EQ(platform.Messages(),
+              std::vector<std::string>{"The associated Portrait is no longer in the specified location."});
+    PortraitView* portrait = window->findChild<PortraitView*>();
+    EXPECT_EQ(portrait->windowTitle(), "Portrait for Ann");
+    EXPECT_EQ(portrait->size(), QSize(250, 300));
+    sheet.savedChar = true;
+    QImage picture(100, 200, QImage::Format_RGB32);
+    picture.fill(Qt::darkRed);
+    portrait->TakePicture(picture);
+    EXPECT_EQ(portrait->size(), QSize(144, 238));
+    EXPECT_FALSE(sheet.savedChar);
+    ASSERT_TRUE(sheet.portraitImage.has_value());
+    EXPECT_EQ(sheet.portraitImage->substr(1, 3), "PNG");
+    EXPECT_EQ(sheet.portraitPath, "/nonexistent/ann.png");  // changed by the next save only
+    portrait->close();
+    EXPECT_FALSE(sheet.portraitWindowIsOpen);
 }
 
 }  // namespace

@@ -27,6 +27,7 @@
 #include "rules/MartialMoves.h"
 #include "shell/gui/ExportView.h"
 #include "shell/gui/JournalView.h"
+#include "shell/gui/PortraitView.h"
 #include "shell/SheetOperations.h"
 #include "shell/gui/CoreCall.h"
 #include "shell/gui/ItemBinding.h"
@@ -152,7 +153,8 @@ bool CharWindow::HandlesCommand(const std::string& name) const {
     for (const char* tab : kTabCommands)
         if (name == tab) return true;
     return name == "FileClose" || name == "FileSave" || name == "FileSaveAsCharacterFile" ||
-           name == "FileExport" || name == "FileCharacterJournal" || name.rfind("Format", 0) == 0;
+           name == "FileExport" || name == "FileCharacterJournal" || name == "FileCharacterPortrait" ||
+           name.rfind("Format", 0) == 0;
 }
 
 void CharWindow::RunCommand(const std::string& name) {
@@ -163,6 +165,7 @@ void CharWindow::RunCommand(const std::string& name) {
     else if (name == "FileSaveAsCharacterFile") call([&] { _FileSaveAsCharacterFile_Action(*sheet_); });
     else if (name == "FileExport") (new ExportView(*sheet_, this))->show();
     else if (name == "FileCharacterJournal") JournalView::OpenTheJournal(*sheet_, this, menus_);
+    else if (name == "FileCharacterPortrait") PortraitView::Open(*sheet_, this, menus_);
     else if (auto* edit = qobject_cast<QTextEdit*>(QApplication::focusWidget())) FormatSelection(*edit, name);
 }
 
