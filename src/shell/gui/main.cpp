@@ -7,6 +7,7 @@
 #include "shell/App.h"
 #include "shell/gui/CoreCall.h"
 #include "shell/gui/GuiApp.h"
+#include "shell/gui/LoadingWindow.h"
 
 int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
@@ -16,6 +17,7 @@ int main(int argc, char* argv[]) {
     zeph::DataModule data;
     zeph::App app(data, platform);
 
+    zeph::gui::ShowLoadingWindow();
     // Before the event loop runs, so a quit here ends the process directly with its code.
     std::optional<int> quitCode;
     zeph::gui::CallCore([&] {
