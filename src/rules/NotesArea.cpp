@@ -49,6 +49,22 @@ void ContactsButton_Action(CharacterSheet& sheet) {
 void HistoryButton_Action(CharacterSheet& sheet) { Click(sheet, sheet.HistoryButton, "History"); }
 void AltFormButton_Action(CharacterSheet& sheet) { Click(sheet, sheet.AltFormButton, "AltForm"); }
 
+TextItem* DescripStylesTarget(CharacterSheet& sheet) {
+    if (sheet.NotesButton.Value()) return &sheet.NotesField;
+    if (sheet.ContactsButton.Value()) return &sheet.ContactsField;
+    if (sheet.HistoryButton.Value()) return &sheet.HistoryField;
+    if (sheet.AltFormButton.Value()) return &sheet.AltFormField;
+    return nullptr;
+}
+
+TextItem* DescripFontsTarget(CharacterSheet& sheet) {
+    if (sheet.NotesButton.Value()) return &sheet.NotesField;
+    if (sheet.ContactsButton.Value()) return &sheet.ContactsField;
+    if (sheet.HistoryButton.Value()) return &sheet.HistoryField;
+    if (sheet.AltFormButton.Visible()) return &sheet.AltFormField;
+    return nullptr;
+}
+
 void AddNotesAreaOperations(OperationTable& table) {
     AddOperation(table, "UnselectButtons", UnselectButtons);
     AddOperationWithArgument(table, "SwapFields", SwapFields);

@@ -23,6 +23,13 @@ void ContactsButton_Action(CharacterSheet& sheet);
 void HistoryButton_Action(CharacterSheet& sheet);
 void AltFormButton_Action(CharacterSheet& sheet);
 
+// What the Description tab's style bar acts on. Styles and a chosen size: the field of the first
+// pressed button in button order, or none. Fonts: the same for the first three buttons, and
+// otherwise the alternate forms as long as their button is visible, pressed or not.
+class TextItem;
+TextItem* DescripStylesTarget(CharacterSheet& sheet);
+TextItem* DescripFontsTarget(CharacterSheet& sheet);
+
 void AddNotesAreaOperations(OperationTable& table);
 
 }  // namespace zeph

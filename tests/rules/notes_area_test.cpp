@@ -39,5 +39,25 @@ TEST_F(NotesArea, ClicksPressOneButtonShowOneFieldAndWriteTheAltFormAnew) {
     EXPECT_EQ(State(), "history: NotesButton ContactsButton HistoryField |edited");
 }
 
+TEST_F(NotesArea, TheStyleBarActsOnTheFirstPressedFieldAndFontsFallToTheAltForms) {
+    const auto targets = [&] {
+        TextItem* styles = DescripStylesTarget(*sheet);
+        TextItem* fonts = DescripFontsTarget(*sheet);
+        return (styles ? styles->Name() : "none") + " " + (fonts ? fonts->Name() : "none");
+    };
+    EXPECT_EQ(targets(), "NotesField NotesField");
+    sheet->HistoryButton.SetValue(true);
+    sheet->ContactsButton.SetValue(true);
+    sheet->NotesButton.SetValue(false);
+    EXPECT_EQ(targets(), "ContactsField ContactsField");
+    UnselectButtons(*sheet);
+    sheet->AltFormButton.SetValue(true);
+    EXPECT_EQ(targets(), "AltFormField AltFormField");
+    sheet->AltFormButton.SetValue(false);
+    EXPECT_EQ(targets(), "none AltFormField");
+    sheet->AltFormButton.SetVisible(false);
+    EXPECT_EQ(targets(), "none none");
+}
+
 }  // namespace
 }  // namespace zeph::testing

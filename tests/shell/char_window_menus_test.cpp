@@ -140,6 +140,12 @@ TEST_F(CharWindowMenus, FormatCommandsAndTabInTheStyledFields) {
     QApplication::sendEvent(notes, &tab);
     EXPECT_EQ(window->Sheet().NotesField.Text(), "abc    ");
     EXPECT_TRUE(window->findChild<QTextEdit*>("ContactsField")->tabChangesFocus());
+
+    // The style bar's Styles menu acts on the field of the pressed button.
+    notes->selectAll();
+    auto* styles = window->findChild<QToolButton*>("DescripStylesBevelButton");
+    styles->menu()->actions().at(2)->trigger();  // "Italic"
+    EXPECT_TRUE(window->Sheet().NotesField.Styled().runs.at(0).italic);
 }
 
 TEST_F(CharWindowMenus, APortraitDroppedSizesTheWindowAndWaitsForTheSave) {

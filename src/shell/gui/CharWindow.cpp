@@ -25,9 +25,11 @@
 #include "sheet/CharacterSheet.h"
 #include "rules/Equipment.h"
 #include "rules/MartialMoves.h"
+#include "rules/NotesArea.h"
 #include "shell/gui/ExportView.h"
 #include "shell/gui/JournalView.h"
 #include "shell/gui/PortraitView.h"
+#include "shell/gui/StyleBar.h"
 #include "shell/SheetOperations.h"
 #include "shell/gui/CoreCall.h"
 #include "shell/gui/ItemBinding.h"
@@ -170,27 +172,14 @@ void CharWindow::RunCommand(const std::string& name) {
 }
 
 void FormatSelection(QTextEdit& edit, const std::string& command) {
-    QTextCursor cursor = edit.textCursor();
-    const QTextCharFormat now = cursor.charFormat();
-    QTextCharFormat change;
-    if (command == "FormatBold") change.setFontWeight(now.fontWeight() >= QFont::Bold ? QFont::Normal : QFont::Bold);
-    if (command == "FormatItalic") change.setFontItalic(!now.fontItalic());
-    if (command == "FormatUnderline") change.setFontUnderline(!now.fontUnderline());
-    if (command == "FormatBigger" || command == "FormatSmaller") {
-        // Sizes step by two from the size the text names (0: the default), never below 0.
-        const int size = now.hasProperty(QTextFormat::FontPointSize) ? qRound(now.fontPointSize()) : 0;
-        const int next = command == "FormatBigger" ? size + 2 : std::max(size - 2, 0);
-        if (next == 0) {
-            QTextCharFormat plain = now;
-            plain.clearProperty(QTextFormat::FontPointSize);
-            if (cursor.hasSelection()) cursor.setCharFormat(plain);
-            else edit.setCurrentCharFormat(plain);
-            return;
-        }
-        change.setFontPointSize(next);
-    }
-    if (!cursor.hasSelection()) edit.mergeCurrentCharFormat(change);
-    else cursor.mergeCharFormat(change);
+    if (command == "FormatBold") return ApplyStyle(edit, "Bold");
+    if (command == "FormatItalic") return ApplyStyle(edit, "Italic");
+    if (command == "FormatUnderline") return ApplyStyle(edit, "Underline");
+    // Sizes step by two from the size the text names (0: the default), never below 0.
+    const QTextCharFormat now = edit.textCursor().charFormat();
+    const int size = now.hasProperty(QTextFormat::FontPointSize) ? qRound(now.fontPointSize()) : 0;
+    if (command == "FormatBigger") ApplySize(edit, QString::number(size + 2));
+    if (command == "FormatSmaller") ApplySize(edit, QString::number(std::max(size - 2, 0)));
 }
 
 // Only the Tab menu's commands move its check marks; a click on a tab leaves them.
@@ -533,9 +522,19 @@ QWidget* CharWindow::descriptionTab() {
          {"NotesField", "ContactsField", "HistoryField", "AltFormField", "JournalField"})
         texts->addWidget(styledField(name), 1);
 
+    const auto widgetOf = [this](TextItem* item) {
+        return item ? findChild<QTextEdit*>(QString::fromStdString(item->Name())) : nullptr;
+    };
+    const auto styles = [this, widgetOf] { return widgetOf(DescripStylesTarget(*sheet_)); };
+    QWidget* bar = MakeStyleBar({"DescripStylesBevelButton", "DescripFontsBevelButton",
+                                 "DescripFontSizeBox", "10", styles,
+                                 [this, widgetOf] { return widgetOf(DescripFontsTarget(*sheet_)); },
+                                 styles, [widgetOf, this] { return widgetOf(&sheet_->NotesField); }});
+
     auto* page = new QWidget;
     auto* layout = new QVBoxLayout(page);
     layout->addWidget(group("Personal Information", personal));
+    layout->addWidget(bar);
     layout->addLayout(buttons);
     layout->addLayout(texts, 1);
     return page;
@@ -555,10 +554,15 @@ QWidget* CharWindow::equipmentTab() {
         field, [this] { return EquipmentField_ConstructContextualMenu(*sheet_); },
         [this](const std::string& item) { EquipmentField_ContextualMenuAction(*sheet_, item); });
 
+    const auto equipment = [field] { return static_cast<QTextEdit*>(field); };
+    QWidget* bar = MakeStyleBar({"EquipStylesBevelButton", "EquipFontsBevelButton", "EquipSizeButton",
+                                 "12", equipment, equipment, equipment, equipment});
+
     auto* page = new QWidget;
     auto* layout = new QVBoxLayout(page);
     layout->addWidget(bound("EquipLabel"));
     layout->addLayout(type);
+    layout->addWidget(bar);
     layout->addWidget(encumbrance, 0, Qt::AlignLeft);
     layout->addWidget(field, 1);
     return page;

@@ -1,11 +1,13 @@
 #include "shell/gui/JournalView.h"
 
 #include <QCloseEvent>
+#include <QTextEdit>
 #include <QVBoxLayout>
 
 #include "shell/Journal.h"
 #include "shell/gui/CoreCall.h"
 #include "shell/gui/ItemBinding.h"
+#include "shell/gui/StyleBar.h"
 
 namespace zeph::gui {
 
@@ -19,7 +21,11 @@ void JournalView::OpenTheJournal(CharacterSheet& sheet, QWidget* parent, const M
     view->setWindowTitle(QString::fromStdString(view->journal_->Title()));
     auto* central = new QWidget;
     auto* layout = new QVBoxLayout(central);
-    layout->addWidget(view->binder_->StyledField(view->journal_->Field()));
+    auto* field = static_cast<QTextEdit*>(view->binder_->StyledField(view->journal_->Field()));
+    const auto journal = [field] { return field; };
+    layout->addWidget(MakeStyleBar({"StylesBevelButton", "FontsBevelButton", "SizeButton", "12",
+                                    journal, journal, journal, journal}));
+    layout->addWidget(field);
     view->setCentralWidget(central);
     view->binder_->ShowAll();
     if (menus.recentItems) BuildMenuBar(*view, menus);
