@@ -241,6 +241,23 @@ void ListItem::RemoveRow(int rowIndex) {
     Notify(ItemChange::Rows);
 }
 
+void ListItem::MoveRow(int from, int to) {
+    Row moved = row(from);
+    rows_.erase(rows_.begin() + from);
+    to = std::clamp(to, 0, ListCount());
+    rows_.insert(rows_.begin() + to, std::move(moved));
+    Notify(ItemChange::Rows);
+}
+
+void ListItem::SortRows(int column) {
+    checkColumn(column);
+    const auto index = static_cast<std::size_t>(column);
+    std::stable_sort(rows_.begin(), rows_.end(), [index](const Row& a, const Row& b) {
+        return LessNoCase(a.cells[index], b.cells[index]);
+    });
+    Notify(ItemChange::Rows);
+}
+
 void ListItem::DeleteAllRows() {
     rows_.clear();
     Notify(ItemChange::Rows);

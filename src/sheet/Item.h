@@ -146,6 +146,11 @@ public:
     void AddRow(const std::string& text);
     void InsertRow(int row, const std::string& text);
     void RemoveRow(int row);
+    // A row dragged to another place: it ends at index `to` of the new order.
+    void MoveRow(int from, int to);
+    // Orders the rows by the text of one column, without regard to case; equal texts keep
+    // their order.
+    void SortRows(int column);
     void DeleteAllRows();
     int LastIndex() const { return lastIndex_; }
 

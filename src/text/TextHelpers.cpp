@@ -313,6 +313,13 @@ int CountFields(std::string_view s, std::string_view sep) {
     return count;
 }
 
+bool LessNoCase(std::string_view a, std::string_view b) {
+    const auto foldedA = folded(a), foldedB = folded(b);
+    return std::lexicographical_compare(
+        foldedA.begin(), foldedA.end(), foldedB.begin(), foldedB.end(),
+        [](const FoldedUnit& x, const FoldedUnit& y) { return x.unit < y.unit; });
+}
+
 int InStr(std::string_view s, std::string_view t) {
     const std::size_t at = NoCaseFinder(s, t).Find(0).begin;
     if (at == s.npos) return 0;

@@ -33,6 +33,8 @@ std::string NthField(std::string_view s, std::string_view sep, int n);
 int CountFields(std::string_view s, std::string_view sep);
 // Character position of t in s from 1, without regard to case; 0 when it is not there (or t is
 // empty).
+// Orders two texts without regard to case, as a list sorts its rows.
+bool LessNoCase(std::string_view a, std::string_view b);
 int InStr(std::string_view s, std::string_view t);
 
 // By characters (UTF-8 code points), not bytes.

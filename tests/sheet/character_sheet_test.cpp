@@ -45,6 +45,12 @@ TEST_F(NewSheet, ListRowsHaveEveryColumnOneSelectedRowAndBoldMarks) {
     EXPECT_EQ(list.Cell(1, 0) + list.Cell(2, 0), "--Last");
     EXPECT_EQ(list.LastIndex(), 2);
     EXPECT_THROW(list.InsertRow(4, "Beyond"), std::out_of_range);
+    list.MoveRow(0, 2);  // dragged to the end
+    list.SetCell(0, 1, "b");
+    list.SetCell(1, 1, "B");
+    list.SetCell(2, 1, "a");
+    list.SortRows(1);  // without regard to case; equal texts keep their order
+    EXPECT_EQ(list.Cell(0, 0) + "|" + list.Cell(1, 0) + "|" + list.Cell(2, 0), "First|--|Last");
 
     ListItem& moves = sheet->SkillMartialVisualListBox;
     moves.AddRow("*Strike");

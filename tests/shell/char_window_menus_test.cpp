@@ -114,6 +114,11 @@ TEST_F(CharWindowMenus, ListButtonsArrowsAndDeleteKeyRunTheirOperations) {
     QKeyEvent press(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
     QApplication::sendEvent(list, &press);
     EXPECT_EQ(sheet.QualityListBox.ListCount(), 0);
+    sheet.QualityListBox.AddRow("Zeal");
+    sheet.QualityListBox.AddRow("agile");
+    emit list->header()->sectionClicked(0);  // sorts, and ends keeping drawbacks apart
+    EXPECT_EQ(sheet.QualityListBox.Cell(0, 0), "agile");
+    EXPECT_FALSE(sheet.QualitiesSeparateQDBox.Value());
     window->findChild<QToolButton*>("SkillUpDownArrows1_Up")->click();
     EXPECT_EQ(sheet.SkillLevelField.Text(), "1");
 }

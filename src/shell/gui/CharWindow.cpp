@@ -13,6 +13,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QHeaderView>
+#include <QDropEvent>
 #include <QKeyEvent>
 #include <QTabWidget>
 #include <QToolButton>
@@ -255,12 +256,37 @@ QWidget* CharWindow::styledField(const std::string& name) {
 }
 
 QWidget* CharWindow::entryList(const std::string& name) {
-    QWidget* list = bound(name);
+    auto* list = static_cast<QTreeWidget*>(bound(name));
     list->installEventFilter(this);
+    // Rows are moved by dragging; the drop is the sheet's to carry out.
+    list->setDragDropMode(QAbstractItemView::InternalMove);
+    list->viewport()->installEventFilter(this);
     return list;
 }
 
+bool CharWindow::dropRow(QTreeWidget& tree, const QPoint& at) {
+    auto& list = dynamic_cast<ListItem&>(*sheet_->Items().Find(tree.objectName().toStdString()));
+    const int from = list.ListIndex();
+    if (from < 0) return false;
+    const QModelIndex target = tree.indexAt(at);
+    const int to = target.isValid() ? target.row() : list.ListCount() - 1;
+    call([&] {
+        const auto handler = sheet_->Operations().find(list.Name() + "_DragReorderRows");
+        if (handler != sheet_->Operations().end()) handler->second.run(*sheet_, "");
+        list.MoveRow(from, to);
+        list.SetListIndex(to);
+    });
+    return true;
+}
+
 bool CharWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Drop) {
+        auto* tree = qobject_cast<QTreeWidget*>(watched->parent());
+        if (tree && dropRow(*tree, static_cast<QDropEvent*>(event)->position().toPoint())) {
+            event->accept();
+            return true;
+        }
+    }
     if (event->type() != QEvent::KeyPress) return QMainWindow::eventFilter(watched, event);
     if (auto* edit = qobject_cast<QTextEdit*>(watched)) {
         if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_Tab) return false;
@@ -405,8 +431,12 @@ QWidget* CharWindow::qualitiesTab() {
     auto* list = static_cast<QTreeWidget*>(entryList("QualityListBox"));
     // A press on a heading sorts the rows and so ends keeping drawbacks apart.
     list->header()->setSectionsClickable(true);
-    connect(list->header(), &QHeaderView::sectionClicked, this,
-            [this] { runOperation("QualityListBox_HeaderPressed"); });
+    connect(list->header(), &QHeaderView::sectionClicked, this, [this](int column) {
+        call([&] {
+            sheet_->Operations().at("QualityListBox_HeaderPressed").run(*sheet_, "");
+            sheet_->QualityListBox.SortRows(column);
+        });
+    });
 
     auto* page = new QWidget;
     auto* layout = new QVBoxLayout(page);

@@ -13,6 +13,7 @@
 class QCloseEvent;
 class QGridLayout;
 class QTextEdit;
+class QTreeWidget;
 class QTabWidget;
 class QTimer;
 
@@ -66,6 +67,8 @@ class CharWindow : public QMainWindow, public CommandTarget {
     void offerMenu(QWidget* widget, const std::function<std::vector<std::string>()>& items,
                    const std::function<void(const std::string&)>& chosen);
     bool eventFilter(QObject* watched, QEvent* event) override;
+    // A row of a big list dropped at `at`: moved there in the sheet.
+    bool dropRow(QTreeWidget& tree, const QPoint& at);
 
     QWidget* attributesTab();
     QWidget* qualitiesTab();

@@ -240,6 +240,15 @@ class ListBinding : public ItemBinding {
         tree.header()->setStretchLastSection(true);
         tree.header()->setDefaultSectionSize(80);
         tree.header()->resizeSection(0, 240);  // names are the longest cells
+        // Even rows tinted, the selected row deep blue with white text.
+        QPalette colours = tree.palette();
+        colours.setColor(QPalette::Base, QColor(232, 235, 255));
+        colours.setColor(QPalette::AlternateBase, Qt::white);
+        colours.setColor(QPalette::Text, Qt::black);
+        colours.setColor(QPalette::Highlight, QColor(66, 82, 255));
+        colours.setColor(QPalette::HighlightedText, Qt::white);
+        tree.setPalette(colours);
+        tree.setAlternatingRowColors(true);
         connect(&tree, &QTreeWidget::itemSelectionChanged, this, [this] { writeSelection(); });
         connect(&tree, &QTreeWidget::itemDoubleClicked, this, [this] { runEvent(DoubleClick()); });
     }
@@ -286,6 +295,8 @@ class ListBinding : public ItemBinding {
             auto* line = new QTreeWidgetItem(&tree_);
             for (int column = 0; column < shownColumns(); ++column) {
                 line->setText(column, q(item_.Cell(row, column)));
+                // Level, cost and experience stand centred.
+                if (column >= 1 && column <= 3) line->setTextAlignment(column, Qt::AlignCenter);
                 if (item_.CellBold(row, column)) {
                     QFont font = line->font(column);
                     font.setBold(true);
