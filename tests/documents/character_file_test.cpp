@@ -188,6 +188,7 @@ TEST_F(CharacterFileTest, BookWarningCountsTheLoadedBooksFoundAsSubstrings) {
     EXPECT_EQ(BookWarning("AFMBE WC", "AFMBE WC Arm"), prefix + ": All Flesh Must Be Eaten, Witchcraft.");
     EXPECT_EQ(BookWarning("Xyz hod", "ZSB"), prefix + ": Xyz, Book of Hod.");
     EXPECT_EQ(BookWarning("C", "AC"), "");  // found inside "AC"
+    EXPECT_EQ(BookWarning("ZSB Xyz", "ZSB WC"), prefix + ": ZSB, Xyz.");  // one of two found
     Reopen(Write("b.xml", Character("", "ZSB")));
     EXPECT_EQ(platform.Messages(), std::vector<std::string>{prefix + ": ZSB."});
 }
