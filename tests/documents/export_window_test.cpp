@@ -38,8 +38,8 @@ protected:
 
 TEST_F(ExportTest, EachFormShowsItsResultAndSetsTheButtons) {
     Stylesheet("zephtml.xsl", "html");
-    Stylesheet("zeptext.xsl", "xml");  // a declaration the text forms remove
-    Stylesheet("custom.xsl", "xml");
+    for (const char* textForm : {"zeptext.xsl", "zepsummary.xsl", "zepwiki.xsl", "custom.xsl"})
+        Stylesheet(textForm, "xml");  // a declaration the three text forms remove
     EXPECT_FALSE(exporter->SaveButton.Value());
     exporter->PopupMenu1.SetText("XML");
     EXPECT_EQ(exporter->EditField1.Text().rfind(std::string(kXmlDeclaration) + "\n\n\n<character name=\"Ann\"", 0), 0u);
@@ -50,8 +50,10 @@ TEST_F(ExportTest, EachFormShowsItsResultAndSetsTheButtons) {
     EXPECT_EQ(exporter->EditField1.Text(), "Name: Ann\n");
     EXPECT_TRUE(exporter->SaveButton.Value() && exporter->PreviewButton.Visible());
     sheet->NameField.SetText("Bea");  // unsaved edits are exported too
-    exporter->PopupMenu1.SetText("Text");
-    EXPECT_EQ(exporter->EditField1.Text(), "\n<r>Bea</r>\n");
+    for (const char* form : {"Text", "Summary", "Wiki Code"}) {
+        exporter->PopupMenu1.SetText(form);
+        EXPECT_EQ(exporter->EditField1.Text(), "\n<r>Bea</r>\n") << form;
+    }
     exporter->PopupMenu1.SetText("Custom");
     EXPECT_EQ(exporter->EditField1.Text(), std::string(kXmlDeclaration) + "\n<r>Bea</r>\n");
     exporter->PopupMenu1.SetText("XML");
