@@ -1,7 +1,5 @@
 #include "rules/Metaphysics.h"
 
-#include <gtest/gtest.h>
-
 #include "rules/SecondaryAttributes.h"
 #include "support/SheetFixture.h"
 
@@ -12,20 +10,13 @@ class Metaphysics : public SheetTest {
   protected:
     void SetUp() override {
         UseTestRules("purchase_rules.xml");
-        sheet->CharacterTypePopup.SetText("Human");
-        sheet->ChooseCharPopup.SetText("Plain");
+        SetTexts("CharacterTypePopup=Human|ChooseCharPopup=Plain");
     }
     void Pick(const std::string& name) {
         sheet->MetaTypePopup.SetText("Gifts");
         sheet->MetaPopup.AddRow(name);  // offered or not: the entry is what is tested here
         sheet->MetaPopup.SetText(name);
         PopulateMetaInfo(*sheet);
-    }
-    void AddMetaRow(const std::string& name,
-                    std::initializer_list<std::pair<int, std::string>> cells) {
-        sheet->MetaListBox.AddRow(name);
-        for (const auto& [column, text] : cells)
-            sheet->MetaListBox.SetCell(sheet->MetaListBox.LastIndex(), column, text);
     }
     std::string Row(int row, int from, int to) { return Cells(sheet->MetaListBox, row, from, to); }
 };
@@ -39,8 +30,7 @@ TEST_F(Metaphysics, OnlyWhatTheQualitiesAllowIsOffered) {
     for (const auto& c : cases) {
         sheet->QualityListBox.DeleteAllRows();
         if (*c.quality) AddQualityRow(c.quality, {});
-        sheet->MetaTypePopup.SetText("");
-        sheet->MetaTypePopup.SetText("Gifts");
+        SetTexts("MetaTypePopup=|MetaTypePopup=Gifts");
         EXPECT_EQ(sheet->MetaPopup.Rows(), c.offered) << c.quality;
     }
     EXPECT_TRUE(MetaCheckQualityPrereq(*sheet, ""));
@@ -144,8 +134,7 @@ TEST_F(Metaphysics, PrerequisitesWithAlternativesJudgedAsTheyStand) {
         EXPECT_EQ(platform.Messages().size(), c.met ? 0u : 1u) << c.text;
     }
     sheet->CharacterInPlayBox.SetValue(true);
-    sheet->SavedExperienceField.SetText("5");
-    sheet->MetaXPCostField.SetText("5");
+    SetTexts("SavedExperienceField=5|MetaXPCostField=5");
     MetaRecordButton_Action(*sheet);
     EXPECT_EQ(sheet->MetaListBox.ListCount(), 5) << "in play the warning does not refuse";
     ExpectTexts("SavedExperienceField=0|SpentExperienceField=5");
@@ -208,8 +197,7 @@ TEST_F(Metaphysics, RemovingRenewsTheSumsTheButtonAlsoTheTotals) {
 // application's handler.
 TEST_F(Metaphysics, FailuresStandWhereEachListPlacesThem) {
     sheet->QualityPopup.AddRow("Bad 'Name");
-    sheet->QualityPopup.SetText("Bad 'Name");
-    sheet->MetaTypePopup.SetText("Gifts");
+    SetTexts("QualityPopup=Bad 'Name|MetaTypePopup=Gifts");
     sheet->MetaPopup.AddRow("Bad \"Name");
     sheet->MetaPopup.SetText("Bad \"Name");
     ASSERT_EQ(platform.Messages().size(), 2u);

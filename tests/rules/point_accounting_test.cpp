@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include <tuple>
 
 #include "rules/PointAccounting.h"
@@ -75,8 +73,7 @@ TEST_F(PointAccounting, SkillBaseAndLevelsPastTheWholeNumbersStopAtTheirBound) {
     AddQualityRow("Status Quality", {{1, "1e300"}});
     AddQualityRow("Status Quality", {{1, "1e300"}});
     EXPECT_EQ(CalcSkillPts(*sheet), bound);
-    sheet->CharacterTypePopup.SetText("Gifted");
-    sheet->AgeField.SetText("17");
+    SetTexts("CharacterTypePopup=Gifted|AgeField=17");
     EXPECT_EQ(CalcSkillPts(*sheet), bound - 5);
     sheet->IntelligenceTotal.SetText("-1e300");
     sheet->QualityListBox.DeleteAllRows();
@@ -103,10 +100,7 @@ TEST_F(PointAccounting, PlacingAFreePointUsesItsOwnPoolAndTheStatusLineShowsWhat
     ShowBonus(*sheet);
     ExpectTexts("InfoText=Books in use: ZSB");
     EXPECT_TRUE(sheet->InfoText.Visible());
-    sheet->AttributeField.SetText("12/20");
-    sheet->QualityField.SetText("3/10");
-    sheet->DrawbackField.SetText("-2/10");
-    sheet->SkillField.SetText("5/25");
+    SetTexts("AttributeField=12/20|QualityField=3/10|DrawbackField=-2/10|SkillField=5/25");
     ShowBonus(*sheet);
     EXPECT_EQ(sheet->InfoText.Text(),
               "Attr(12/20) Q(3/10) D(-2/10) S(5/25) M()      |     Books in use: ZSB");

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "rules/PointAccounting.h"
 #include "rules/SecondaryAttributes.h"
 #include "support/SheetFixture.h"
