@@ -12,6 +12,7 @@
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
+#include <fstream>
 #include <optional>
 #include <string>
 #include <vector>
@@ -28,21 +29,6 @@ namespace {
 using zeph::CharacterSheet;
 using zeph::ComboItem;
 using zeph::SplitFields;
-
-const std::string& DataFilePath() {
-    static const std::string path =
-        (std::filesystem::temp_directory_path() /
-         ("zephalon-fuzz-rule-data-" + std::to_string(getpid()) + ".xml"))
-            .string();
-    return path;
-}
-
-bool WriteFile(const std::string& path, const std::uint8_t* data, std::size_t size) {
-    std::FILE* file = std::fopen(path.c_str(), "wb");
-    if (file == nullptr) return false;
-    const bool written = std::fwrite(data, 1, size, file) == size;
-    return std::fclose(file) == 0 && written;
-}
 
 // A name the sheet lacks is a fault of this target, which would otherwise test less unseen.
 [[noreturn]] void Missing(const std::string& name) {
@@ -139,8 +125,14 @@ void Work(CharacterSheet& sheet, bool inPlay) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string& path = DataFilePath();
-    if (!WriteFile(path, data, size)) return 0;
+    static const std::string path =
+        (std::filesystem::temp_directory_path() /
+         ("zephalon-fuzz-rule-data-" + std::to_string(getpid()) + ".xml"))
+            .string();
+    std::ofstream file(path, std::ios::binary);
+    file.write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
+    file.close();
+    if (!file) return 0;
 
     zeph::ScriptedPlatform platform("/nonexistent-prefs", "/nonexistent-app",
                                     std::filesystem::temp_directory_path().string());

@@ -45,9 +45,8 @@ TEST_F(CharacterTypes, ANewTypeOffersItsChoicesAndLeavesTheQualitiesAlone) {
     AddQualityRow("Brawny", {});
     sheet->CharacterTypePopup.SetText("Spirit");
     EXPECT_EQ(sheet->ChooseCharPopup.Rows(), (Strings{"Bound", "Free", "Empty"}));
-    EXPECT_FALSE(sheet->savedChar);
     EXPECT_EQ(Names(), "Brawny;");
-    EXPECT_EQ(sheet->StrengthTotal.Text(), "0");  // nothing recomputed
+    ExpectTexts("savedChar=false|StrengthTotal=0");  // nothing recomputed
     // The choice applies its requirements, which go to the end, losing the user's change.
     sheet->ChooseCharPopup.SetText("Bound");
     sheet->QualityListBox.SetCell(1, 1, "4");
@@ -100,8 +99,7 @@ TEST_F(CharacterTypes, ChangesDoNothingWhileACharacterLoadsThenAnAssociationCopi
     sheet->AssociationCombo.SetText("Order");
     EXPECT_EQ(sheet->ChooseCharPopup.ListCount(), 0);
     EXPECT_EQ(Names(), "");
-    EXPECT_EQ(sheet->AssociationField.Text(), "");
-    EXPECT_TRUE(sheet->savedChar);
+    ExpectTexts("AssociationField=|savedChar=true");
     // Leaving the choice is not guarded.
     ChooseCharPopup_LostFocus(*sheet);
     EXPECT_EQ(Names(), "Taint;Ghost Sight;Sadicas Touch;");
@@ -111,11 +109,9 @@ TEST_F(CharacterTypes, ChangesDoNothingWhileACharacterLoadsThenAnAssociationCopi
     sheet->AssociationField.SetText("Mine");
     sheet->savedChar = true;
     sheet->AssociationCombo.SetText("Unknown Lodge");
-    EXPECT_EQ(sheet->AssociationField.Text(), "Mine");
-    EXPECT_TRUE(sheet->savedChar);
+    ExpectTexts("AssociationField=Mine|savedChar=true");
     sheet->AssociationCombo.SetText("Order");
-    EXPECT_EQ(sheet->AssociationField.Text(), "A quiet order of watchers.");
-    EXPECT_FALSE(sheet->savedChar);
+    ExpectTexts("AssociationField=A quiet order of watchers.|savedChar=false");
 }
 
 TEST_F(CharacterTypes, AnApostropheInATypeShowsTheReport) {

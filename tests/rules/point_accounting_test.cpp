@@ -90,10 +90,8 @@ TEST_F(PointAccounting, PlacingAFreePointUsesItsOwnPoolAndTheStatusLineShowsWhat
     AttributeBonus_MouseDown(*sheet, Willpower);  // the total waits for the recomputation
     ExpectTexts("StrengthBonus=1|ConstitutionBonus=1|WillpowerBonus=0|StrengthTotal=0|"
                 "InfoText=Bonus points are availble. Click the green number next to an attribute "
-                "you wish to increase. Mental=0. Physical=1.");
-    EXPECT_EQ(sheet->attrBonus[Strength], 1);
-    EXPECT_EQ(sheet->mentalBonus, 0);
-    EXPECT_TRUE(sheet->savedChar);
+                "you wish to increase. Mental=0. Physical=1.|attrBonus=1,0,1,0,0,0,0|mentalBonus=0|"
+                "savedChar=true");
 
     sheet->physicalBonus = 0;
     sheet->InfoText.SetVisible(false);

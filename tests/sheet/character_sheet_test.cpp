@@ -7,8 +7,8 @@ using zeph::testing::SheetTest;
 using NewSheet = SheetTest;
 
 TEST_F(NewSheet, StartsCleanWithItsDefaultsAndOnlyTheUsersEditsOfTrackedItemsMarkIt) {
-    EXPECT_TRUE(sheet->savedChar);
-    ExpectTexts("GenderField=Male or Female|AgeField=21|StrengthBonus=0|StrengthField=");
+    ExpectTexts(
+        "savedChar=true|GenderField=Male or Female|AgeField=21|StrengthBonus=0|StrengthField=");
     EXPECT_FALSE(sheet->DPField.Visible());
     EXPECT_FALSE(sheet->JournalField.Visible());
     EXPECT_TRUE(sheet->QualitiesSeparateQDBox.Value());

@@ -50,10 +50,15 @@ protected:
             out += sheet->QualityListBox.Cell(r, 0) + ";";
         return out;
     }
-    // Expects text items to read as given, in the console's form: "Name=text|Name=text".
+    // Expects text items and properties to read as given, in the console's form:
+    // "Name=text|Name=text".
     void ExpectTexts(const std::string& expected) {
         for (const std::string& entry : SplitFields(expected, '|')) {
             const std::string name = entry.substr(0, entry.find('='));
+            if (const auto* property = sheet->Properties().Find(name)) {
+                EXPECT_EQ(property->get(), entry.substr(name.size() + 1)) << name;
+                continue;
+            }
             const auto* item = dynamic_cast<const TextItem*>(sheet->Items().Find(name));
             ASSERT_NE(item, nullptr) << name;
             EXPECT_EQ(item->Text(), entry.substr(name.size() + 1)) << name;
