@@ -12,148 +12,127 @@
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
-#include <initializer_list>
+#include <fstream>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/ScriptedPlatform.h"
 #include "ruledata/DataModule.h"
+#include "shell/App.h"
 #include "shell/SheetOperations.h"
 #include "sheet/CharacterSheet.h"
-#include "shell/App.h"
+#include "text/TextHelpers.h"
 
 namespace {
 
 using zeph::CharacterSheet;
 using zeph::ComboItem;
+using zeph::SplitFields;
 
-const std::string& DataFilePath() {
-    static const std::string path =
-        (std::filesystem::temp_directory_path() /
-         ("zephalon-fuzz-rule-data-" + std::to_string(getpid()) + ".xml"))
-            .string();
-    return path;
+// A name the sheet lacks is a fault of this target, which would otherwise test less unseen.
+[[noreturn]] void Missing(const std::string& name) {
+    std::fprintf(stderr, "fuzz_rule_data: no operation or list %s\n", name.c_str());
+    std::abort();
 }
 
-bool WriteFile(const std::string& path, const std::uint8_t* data, std::size_t size) {
-    std::FILE* file = std::fopen(path.c_str(), "wb");
-    if (file == nullptr) return false;
-    const bool written = std::fwrite(data, 1, size, file) == size;
-    return std::fclose(file) == 0 && written;
-}
-
-// An operation of the table, as the window calls it; a failure it throws is the app's to show.
-// A name the table lacks is a fault of this target, which would otherwise test less unseen.
-std::optional<std::string> Run(CharacterSheet& sheet, const char* name,
-                               const std::string& argument = "") {
-    const auto found = sheet.Operations().find(name);
-    if (found == sheet.Operations().end()) {
-        std::fprintf(stderr, "fuzz_rule_data: no operation %s\n", name);
-        std::abort();
-    }
-    try {
-        return found->second.run(sheet, argument);
-    } catch (const std::exception&) {
-        return std::nullopt;
-    }
-}
-
-// The rows a player picks in a test run: the first and, when there are more, the last.
-std::vector<int> Picks(const ComboItem& combo) {
-    const int count = combo.ListCount();
-    if (count == 0) return {};
-    if (count == 1) return {0};
-    return {0, count - 1};
-}
-
-// Selecting a row runs the item's change operation from the table, as a click does.
-void Choose(ComboItem& combo, int row) {
-    try {
-        if (row < combo.ListCount()) combo.SetListIndex(row);
-    } catch (const std::exception&) {
-    }
-}
-
-void CharacterTypes(CharacterSheet& sheet) {
-    Run(sheet, "LoadCharacterTypes");
-    for (int type : Picks(sheet.CharacterTypePopup)) {
-        Choose(sheet.CharacterTypePopup, type);
-        for (int choice : Picks(sheet.ChooseCharPopup)) Choose(sheet.ChooseCharPopup, choice);
-    }
-    Run(sheet, "StrengthBonus_MouseDown");
-    Run(sheet, "IntelligenceBonus_MouseDown");
-    Run(sheet, "LoadConceptBox");
-    Run(sheet, "LoadAssociationCombo");
-    for (int row : Picks(sheet.AssociationCombo)) Choose(sheet.AssociationCombo, row);
-}
-
-void Qualities(CharacterSheet& sheet) {
-    Run(sheet, "LoadQualityTypes");
-    for (int type : Picks(sheet.QualityTypePopup)) {
-        Choose(sheet.QualityTypePopup, type);
-        for (int quality : Picks(sheet.QualityPopup)) {
-            Choose(sheet.QualityPopup, quality);
-            for (int form : Picks(sheet.QualityAlternateFormCombo))
-                Choose(sheet.QualityAlternateFormCombo, form);
-            Run(sheet, "QualityUpDownArrows_Up");
-            Run(sheet, "QualityUpDownArrows_Up");
-            Run(sheet, "QualityUpDownArrows_Down");
-            Run(sheet, "QualityRecordButton_Action");
+// Operations of the table joined by ";", as the window calls them; "NAME=ARGUMENT" passes an
+// argument, and "NAME=*" the first item of the menu the operation before it built (items
+// joined by "|"), skipped when that menu is empty. A failure thrown is the app's to show.
+void Run(CharacterSheet& sheet, const std::string& operations) {
+    std::optional<std::string> menu;
+    for (const std::string& step : SplitFields(operations, ';')) {
+        const std::size_t equals = step.find('=');
+        const auto found = sheet.Operations().find(step.substr(0, equals));
+        if (found == sheet.Operations().end()) Missing(step);
+        std::string argument = equals == std::string::npos ? "" : step.substr(equals + 1);
+        if (argument == "*") {
+            if (!menu || menu->empty()) continue;
+            argument = menu->substr(0, menu->find('|'));
         }
-    }
-    Run(sheet, "QualityGetBonus");
-}
-
-void Metaphysics(CharacterSheet& sheet) {
-    Run(sheet, "LoadMetaTypes");
-    for (int type : Picks(sheet.MetaTypePopup)) {
-        Choose(sheet.MetaTypePopup, type);
-        for (int meta : Picks(sheet.MetaPopup)) {
-            Choose(sheet.MetaPopup, meta);
-            Run(sheet, "MetaUpDownArrows_Up");
-            Run(sheet, "MetaUpDownArrows_Up");
-            Run(sheet, "MetaUpDownArrows_Down");
-            Run(sheet, "MetaRecordButton_Action");
-        }
-    }
-    Run(sheet, "MetaGetBonus");
-}
-
-void Skills(CharacterSheet& sheet) {
-    Run(sheet, "LoadSkillCategories");
-    for (int category : Picks(sheet.SkillCategoryPopup)) {
-        Choose(sheet.SkillCategoryPopup, category);
-        for (int skill : Picks(sheet.SkillPopup)) {
-            Choose(sheet.SkillPopup, skill);
-            for (int subType : Picks(sheet.SkillSelectPopup))
-                Choose(sheet.SkillSelectPopup, subType);
-            Run(sheet, "SkillUpDownArrows1_Up");
-            Run(sheet, "SkillUpDownArrows1_Up");
-            Run(sheet, "SkillMartialVisualListBox_ConstructContextualMenu");
-            Run(sheet, "SkillMartialVisualListBox_ContextualMenuAction", "Increase +");
-            Run(sheet, "SkillRecordButton_Action");
+        try {
+            menu = found->second.run(sheet, argument);
+        } catch (const std::exception&) {
+            menu = std::nullopt;
         }
     }
 }
 
-void Equipment(CharacterSheet& sheet) {
-    Run(sheet, "LoadEquipmentType");
-    for (int type : Picks(sheet.EquipmentTypePopup)) {
-        Choose(sheet.EquipmentTypePopup, type);
-        // The menu's items joined by "|": the first is added.
-        const auto menu = Run(sheet, "EquipmentField_ConstructContextualMenu");
-        if (menu && !menu->empty())
-            Run(sheet, "EquipmentField_ContextualMenuAction", menu->substr(0, menu->find('|')));
+// Selects the first and, when there are more, the last row of a list, running the item's change
+// operation from the table as a click does, and after each `then`.
+template <class Then>
+void PickEach(CharacterSheet& sheet, const std::string& name, Then then) {
+    auto* list = dynamic_cast<ComboItem*>(sheet.Items().Find(name));
+    if (list == nullptr) Missing(name);
+    const int count = list->ListCount();
+    for (int row : count > 1 ? std::vector{0, count - 1} : std::vector<int>(count, 0)) {
+        try {
+            if (row < list->ListCount()) list->SetListIndex(row);
+        } catch (const std::exception&) {
+        }
+        then();
     }
-    Run(sheet, "EncumButton_Action");
+}
+
+// One page as a player works it: `before`, then every pick of each of `lists` within each pick
+// of the one before it, where the innermost pick also picks from `also` and runs `each`; then
+// `after`. Pages marked `again` are worked once more in play.
+struct Page {
+    const char *before, *lists, *also, *each, *after;
+    bool again;
+};
+
+const Page kPages[] = {
+    {"LoadCharacterTypes", "CharacterTypePopup;ChooseCharPopup", "", "",
+     "StrengthBonus_MouseDown;IntelligenceBonus_MouseDown;LoadConceptBox;LoadAssociationCombo",
+     false},
+    {"", "AssociationCombo", "", "", "", false},
+    {"LoadQualityTypes", "QualityTypePopup;QualityPopup", "QualityAlternateFormCombo",
+     "QualityUpDownArrows_Up;QualityUpDownArrows_Up;QualityUpDownArrows_Down;"
+     "QualityRecordButton_Action", "QualityGetBonus", true},
+    {"LoadMetaTypes", "MetaTypePopup;MetaPopup", "",
+     "MetaUpDownArrows_Up;MetaUpDownArrows_Up;MetaUpDownArrows_Down;MetaRecordButton_Action",
+     "MetaGetBonus", true},
+    {"LoadSkillCategories", "SkillCategoryPopup;SkillPopup", "SkillSelectPopup",
+     "SkillUpDownArrows1_Up;SkillUpDownArrows1_Up;SkillMartialVisualListBox_ConstructContextualMenu;"
+     "SkillMartialVisualListBox_ContextualMenuAction=Increase +;SkillRecordButton_Action", "", false},
+    {"FigureSecondaryAttributes", "", "", "", "", true},
+    {"GenerateAltForms", "", "", "", "", false},
+    {"LoadEquipmentType", "EquipmentTypePopup", "",
+     "EquipmentField_ConstructContextualMenu;EquipmentField_ContextualMenuAction=*",
+     "EncumButton_Action", false},
+};
+
+void Walk(CharacterSheet& sheet, const Page& page, const std::vector<std::string>& lists,
+          std::size_t depth) {
+    if (depth < lists.size()) {
+        PickEach(sheet, lists[depth], [&] { Walk(sheet, page, lists, depth + 1); });
+        return;
+    }
+    if (*page.also) PickEach(sheet, page.also, [] {});
+    Run(sheet, page.each);
+}
+
+void Work(CharacterSheet& sheet, bool inPlay) {
+    for (const Page& page : kPages) {
+        if (inPlay && !page.again) continue;
+        Run(sheet, page.before);
+        Walk(sheet, page, SplitFields(page.lists, ';'), 0);
+        Run(sheet, page.after);
+    }
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string& path = DataFilePath();
-    if (!WriteFile(path, data, size)) return 0;
+    static const std::string path =
+        (std::filesystem::temp_directory_path() /
+         ("zephalon-fuzz-rule-data-" + std::to_string(getpid()) + ".xml"))
+            .string();
+    std::ofstream file(path, std::ios::binary);
+    file.write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
+    file.close();
+    if (!file) return 0;
 
     zeph::ScriptedPlatform platform("/nonexistent-prefs", "/nonexistent-app",
                                     std::filesystem::temp_directory_path().string());
@@ -167,13 +146,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (auto* field : {&sheet.StrengthField, &sheet.DexterityField, &sheet.ConstitutionField,
                         &sheet.IntelligenceField, &sheet.PerceptionField, &sheet.WillpowerField})
         field->SetText("3");
-    CharacterTypes(sheet);
-    Qualities(sheet);
-    Metaphysics(sheet);
-    Skills(sheet);
-    Run(sheet, "FigureSecondaryAttributes");
-    Run(sheet, "GenerateAltForms");
-    Equipment(sheet);
+    Work(sheet, false);
 
     // The optional skill points change the budgets; in play the same purchases are priced in
     // experience.
@@ -183,8 +156,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     sheet.CharacterInPlayBox.SetValue(true);
     sheet.SavedExperienceField.SetText("50");
-    Qualities(sheet);
-    Metaphysics(sheet);
-    Run(sheet, "FigureSecondaryAttributes");
+    Work(sheet, true);
     return 0;
 }

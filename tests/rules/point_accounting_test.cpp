@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include <tuple>
 
 #include "rules/PointAccounting.h"
@@ -75,8 +73,7 @@ TEST_F(PointAccounting, SkillBaseAndLevelsPastTheWholeNumbersStopAtTheirBound) {
     AddQualityRow("Status Quality", {{1, "1e300"}});
     AddQualityRow("Status Quality", {{1, "1e300"}});
     EXPECT_EQ(CalcSkillPts(*sheet), bound);
-    sheet->CharacterTypePopup.SetText("Gifted");
-    sheet->AgeField.SetText("17");
+    SetTexts("CharacterTypePopup=Gifted|AgeField=17");
     EXPECT_EQ(CalcSkillPts(*sheet), bound - 5);
     sheet->IntelligenceTotal.SetText("-1e300");
     sheet->QualityListBox.DeleteAllRows();
@@ -93,20 +90,15 @@ TEST_F(PointAccounting, PlacingAFreePointUsesItsOwnPoolAndTheStatusLineShowsWhat
     AttributeBonus_MouseDown(*sheet, Willpower);  // the total waits for the recomputation
     ExpectTexts("StrengthBonus=1|ConstitutionBonus=1|WillpowerBonus=0|StrengthTotal=0|"
                 "InfoText=Bonus points are availble. Click the green number next to an attribute "
-                "you wish to increase. Mental=0. Physical=1.");
-    EXPECT_EQ(sheet->attrBonus[Strength], 1);
-    EXPECT_EQ(sheet->mentalBonus, 0);
-    EXPECT_TRUE(sheet->savedChar);
+                "you wish to increase. Mental=0. Physical=1.|attrBonus=1,0,1,0,0,0,0|mentalBonus=0|"
+                "savedChar=true");
 
     sheet->physicalBonus = 0;
     sheet->InfoText.SetVisible(false);
     ShowBonus(*sheet);
     ExpectTexts("InfoText=Books in use: ZSB");
     EXPECT_TRUE(sheet->InfoText.Visible());
-    sheet->AttributeField.SetText("12/20");
-    sheet->QualityField.SetText("3/10");
-    sheet->DrawbackField.SetText("-2/10");
-    sheet->SkillField.SetText("5/25");
+    SetTexts("AttributeField=12/20|QualityField=3/10|DrawbackField=-2/10|SkillField=5/25");
     ShowBonus(*sheet);
     EXPECT_EQ(sheet->InfoText.Text(),
               "Attr(12/20) Q(3/10) D(-2/10) S(5/25) M()      |     Books in use: ZSB");

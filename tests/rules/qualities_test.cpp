@@ -1,9 +1,8 @@
 #include "rules/Qualities.h"
 
-#include <gtest/gtest.h>
-
 #include <stdexcept>
 
+#include "rules/QualityBonuses.h"
 #include "rules/SecondaryAttributes.h"
 #include "support/SheetFixture.h"
 
@@ -14,8 +13,7 @@ class Qualities : public SheetTest {
   protected:
     void SetUp() override {
         UseTestRules("purchase_rules.xml");
-        sheet->CharacterTypePopup.SetText("Human");
-        sheet->ChooseCharPopup.SetText("Plain");
+        SetTexts("CharacterTypePopup=Human|ChooseCharPopup=Plain");
         sheet->savedChar = true;
     }
     // As the user chooses; opening the names list fills the entry items anew.
@@ -32,11 +30,6 @@ class Qualities : public SheetTest {
     std::string Row(int row, int from, int to) {
         return Cells(sheet->QualityListBox, row, from, to);
     }
-    std::string Names() {
-        std::string out;
-        for (int r = 0; r < sheet->QualityListBox.ListCount(); ++r) out += Row(r, 0, 0) + ";";
-        return out;
-    }
     static constexpr const char* kRefused = "Prerequisites are not met. This cannot be purchased.";
 };
 
@@ -44,10 +37,10 @@ TEST_F(Qualities, ChoosingFillsTheEntryItemsFromTheRuleData) {
     Pick("Keen Eye");
     ExpectTexts(
         "QualityMaxLevelField=4|QualityCostPerLevelField=2/-|QualityXPCostPerLevelField=5/-|"
-        "QualityLevelField=0|QualityCostField=0|QualityXPCostField=0|QualityNoteField=Sharp.");
+        "QualityLevelField=0|QualityCostField=0|QualityXPCostField=0|QualityNoteField=Sharp.|"
+        "q_row=-1");
     EXPECT_EQ(sheet->q_attributes[Perception], 1);
     EXPECT_EQ(sheet->q_bonuspts[0] + sheet->q_bonuspts[7], "21");
-    EXPECT_EQ(sheet->q_row, -1);
     Pick("Even Keel");  // a highest level of exactly 5 takes the high values, even empty ones
     ExpectTexts(
         "QualityCostPerLevelField=2/|QualityXPCostPerLevelField=3/|"
@@ -92,10 +85,8 @@ TEST_F(Qualities, RecordingWritesTheRowAndEmptiesTheEntry) {
     EXPECT_EQ(Row(0, 0, 27), "Keen Eye|2|4|0|Sharp.|ZPR 3||4|2/-|5/-||0|0|0|0|1|0|2|||||||1|||");
     ExpectTexts(
         "QualityNameField=|QualityLevelField=|QualityCostField=|QualityMaxLevelField=|"
-        "QualityNoteField=|QualityXPCostPerLevelField=|QualityField=4/10");
+        "QualityNoteField=|QualityXPCostPerLevelField=|QualityField=4/10|q_row=-1|savedChar=false");
     EXPECT_EQ(sheet->q_attributes[Perception] + sheet->q_bonuspts[0].size(), 0u);
-    EXPECT_EQ(sheet->q_row, -1);
-    EXPECT_FALSE(sheet->savedChar) << "through the recomputation";
 
     const struct {
         const char *name, *markers;
@@ -150,8 +141,7 @@ TEST_F(Qualities, InPlayExperienceAloneDecides) {
     Buy("Iron Will", 1);  // costs 4: refused without a word
     EXPECT_EQ(sheet->QualityListBox.ListCount() + platform.Messages().size(), 2u);
     ExpectTexts("SavedExperienceField=3|QualityNameField=Iron Will");
-    sheet->QualityNameField.SetText("");
-    sheet->SavedExperienceField.SetText("10");
+    SetTexts("QualityNameField=|SavedExperienceField=10");
     QualityRecordButton_Action(*sheet);  // taken before the empty name refuses
     ExpectTexts("SavedExperienceField=6|SpentExperienceField=4");
     EXPECT_EQ(sheet->QualityListBox.ListCount(), 1);
@@ -164,11 +154,10 @@ TEST_F(Qualities, AnEditedRowIsChargedTheDifference) {
     sheet->QualityListBox.SetCell(0, 26, "5");
     sheet->QualityListBox.SetListIndex(0);
     QualityListBox_DoubleClick(*sheet);
-    EXPECT_EQ(sheet->q_row, 0);
     EXPECT_EQ(sheet->q_attributes[Strength], 2);
     EXPECT_EQ(sheet->q_bonuspts[9], "5");
     ExpectTexts(
-        "QualityNameField=Iron Will|QualityLevelField=1|QualityXPCostField=4|"
+        "q_row=0|QualityNameField=Iron Will|QualityLevelField=1|QualityXPCostField=4|"
         "QualityMaxLevelField=8|QualityCostPerLevelField=1/3|QualityXPCostPerLevelField=4/7");
     QualityUpDownArrows_Up(*sheet);
     QualityRecordButton_Action(*sheet);
@@ -253,4 +242,46 @@ TEST_F(Qualities, TheFormsOfferedAndChosenTravelWithTheRow) {
     EXPECT_FALSE(sheet->QualityAlternateFormCombo.Visible());
     Pick("Shapeshifter");  // the forms offered anew, none chosen: the name stays bare
     EXPECT_EQ(sheet->QualityNameField.Text(), "Shapeshifter");
+}
+
+class QualityBonuses : public SheetTest {
+protected:
+    std::string poolsOf(std::initializer_list<std::pair<const char*, const char*>> rows) {
+        sheet->QualityListBox.DeleteAllRows();
+        for (const auto& [marker, level] : rows) AddQualityRow(marker, {{1, level}, {10, marker}});
+        QualityGetBonus(*sheet);
+        return sheet->ExtraStatsField.Text();
+    }
+};
+
+TEST_F(QualityBonuses, PoolSummaryReadsAsTheSheetAlwaysHas) {
+    EXPECT_EQ(poolsOf({{"Sadicas", "3"}}), "Sadicas: 3, Maximum Sadicas Pool: 90");
+    EXPECT_EQ(poolsOf({{"Essence Channeling", "2"}, {"Sadicas", "3"}}),
+              "Essence Channeling: 2, Taint Channeling: 3");
+    EXPECT_EQ(poolsOf({{"Essence Channeling", "1"}, {"Essence Channeling", "2"}}),
+              "Essence Channeling: 3");
+    EXPECT_EQ(poolsOf({{"Taint", "2"}, {"Taint Channeling", "1"}}), "Taint Channeling: 3");
+    EXPECT_EQ(poolsOf({{"taint", "2"}}), "Taint Channeling: 2");
+    EXPECT_EQ(poolsOf({{"Essence Channeling", "1"}, {"Taint Channeling", "2"}}),
+              "Essence Channeling: 1, Taint Channeling: 2");
+    EXPECT_EQ(poolsOf({{"Spirit Channeling", "4"}}), "");
+    EXPECT_EQ(poolsOf({{"--", ""}}), "");
+    // Adept adds the last Intelligence total whatever its level.
+    sheet->IntelligenceTotal.SetText("4");
+    EXPECT_EQ(poolsOf({{"ADEPT", "0"}}), "Sadicas: 4, Maximum Sadicas Pool: 120");
+}
+
+TEST_F(QualityBonuses, AttributeBonusesArePerLevelAndAddToWhatTheItemsHold) {
+    AddQualityRow("Brawny", {{1, "2"}, {11, "1"}, {16, "-1"}});
+    AddQualityRow("--", {});
+    AddQualityRow("Keen", {{1, "0"}, {15, "3"}});
+    sheet->StrengthBonus.SetText("1");
+    sheet->m_all_bonuses[Strength] = 1;
+    sheet->m_all_bonuses[Perception] = 2;
+    QualityGetBonus(*sheet);
+    ExpectTexts("StrengthBonus=4|WillpowerBonus=-2|PerceptionBonus=2|"  // level 0 adds nothing of its own
+                "ExtraStatsField=");
+    // Not idempotent: the items are reset by the recomputation before each call.
+    QualityGetBonus(*sheet);
+    EXPECT_EQ(sheet->StrengthBonus.Text(), "7");
 }

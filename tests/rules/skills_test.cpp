@@ -1,7 +1,5 @@
 #include "rules/Skills.h"
 
-#include <gtest/gtest.h>
-
 #include <stdexcept>
 
 #include "rules/MartialMoves.h"
@@ -19,8 +17,14 @@ class Skills : public SheetTest {
         sheet->SkillPopup.SetText(skill);
         PopulateSkillInfo(*sheet);
     }
-    void Menu(const std::string& item) {
+    // The moves list's menu, on the given row when one is given.
+    void Menu(const std::string& item, int row = -2) {
+        if (row != -2) sheet->SkillMartialVisualListBox.SetListIndex(row);
         SkillMartialVisualListBox_ContextualMenuAction(*sheet, item);
+    }
+    void Open(int row) {
+        sheet->SkillListBox.SetListIndex(row);
+        SkillListBox_DoubleClick(*sheet);
     }
     std::string Moves() {
         std::string out;
@@ -49,8 +53,7 @@ TEST_F(Skills, LevelsArePricedByClassAndModeAndGivenBackExactly) {
         Pick("Combat", "Brawling");
         sheet->SkillTypeCombo.SetText(c.type);
         Repeat(SkillUpDownArrows1_Up, c.from);
-        sheet->SkillCostField.SetText("0");
-        sheet->SkillXPCostField.SetText("0");
+        SetTexts("SkillCostField=0|SkillXPCostField=0");
         Repeat(SkillUpDownArrows1_Up, c.to - c.from);
         TextItem& moved = c.inPlay ? sheet->SkillXPCostField : sheet->SkillCostField;
         TextItem& still = c.inPlay ? sheet->SkillCostField : sheet->SkillXPCostField;
@@ -70,8 +73,7 @@ TEST_F(Skills, SpecialtiesAndSubTypes) {
     EXPECT_EQ(JoinFields(sheet->SkillCategoryPopup.Rows(), ","),
               "Combat,Knowledge,Social,Esoteric");
     Pick("Combat", "Guns");
-    EXPECT_EQ(sheet->SkillSelectPopup.Rows(),
-              (std::vector<std::string>{"Handgun", "Rifle", "Shotgun"}));
+    EXPECT_EQ(JoinFields(sheet->SkillSelectPopup.Rows(), ","), "Handgun,Rifle,Shotgun");
     SkillSpecialtyButton_Action(*sheet);
     ExpectTexts("SkillNameField=Guns (Specialty)|SkillLevelField=2|SkillCostField=1");
     sheet->SkillSelectPopup.SetText("Rifle");
@@ -102,8 +104,7 @@ TEST_F(Skills, RecordingInPlayMovesExperienceFirst) {
     ExpectTexts("SavedExperienceField=4|SpentExperienceField=6|SkillNameField=");
     EXPECT_EQ(sheet->SkillTypeCombo.Text(), "");
 
-    sheet->SkillListBox.SetListIndex(0);
-    SkillListBox_DoubleClick(*sheet);
+    Open(0);
     SkillUpDownArrows1_Down(*sheet);
     SkillRecordButton_Action(*sheet);
     ExpectTexts("SavedExperienceField=10|SpentExperienceField=0");  // the edit gives back 6
@@ -112,8 +113,7 @@ TEST_F(Skills, RecordingInPlayMovesExperienceFirst) {
     SkillUpDownArrows1_Up(*sheet);
     sheet->SavedExperienceField.SetText("5");
     SkillRecordButton_Action(*sheet);  // short: nothing, no word
-    sheet->SkillNameField.SetText("");
-    sheet->SavedExperienceField.SetText("7");
+    SetTexts("SkillNameField=|SavedExperienceField=7");
     SkillRecordButton_Action(*sheet);  // no name: the experience moves all the same
     ExpectTexts("SavedExperienceField=1|SpentExperienceField=6");
     EXPECT_EQ(sheet->SkillListBox.ListCount(), 1);
@@ -127,15 +127,11 @@ TEST_F(Skills, RowsComeBackAndGo) {
     SkillSeparator_Action(*sheet);
     SkillRecordButton_Action(*sheet);
     sheet->SkillListBox.SetCell(1, 3, "4");
-    sheet->SkillListBox.SetListIndex(0);
-    SkillListBox_DoubleClick(*sheet);
-    EXPECT_EQ(sheet->SkillNameField.Text(), "--");
-    EXPECT_TRUE(sheet->SkillSelectPopup.Rows().empty());
-    sheet->SkillListBox.SetListIndex(1);
-    SkillListBox_DoubleClick(*sheet);
-    EXPECT_EQ(sheet->SkillSelectPopup.Rows(),
-              (std::vector<std::string>{"Latin", "Greek", "Aramaic"}));
-    EXPECT_EQ(sheet->s_row, 1);
+    Open(0);
+    EXPECT_EQ(sheet->SkillNameField.Text() + JoinFields(sheet->SkillSelectPopup.Rows(), ","), "--");
+    Open(1);
+    EXPECT_EQ(JoinFields(sheet->SkillSelectPopup.Rows(), ","), "Latin,Greek,Aramaic");
+    ExpectTexts("s_row=1");
 
     SkillListBox_KeyDown(*sheet, "\x08");
     ExpectTexts("SavedExperienceField=4|SpentExperienceField=-4");
@@ -152,8 +148,7 @@ TEST_F(Skills, TheFreePoolOfEachMode) {
     sheet->SkillSelectPopup.SetText("Stone Palm");
     Menu("Sweep");
     Menu("Throw");
-    sheet->SkillMartialVisualListBox.SetListIndex(2);
-    Menu("Increase +");
+    Menu("Increase +", 2);
     Menu("Increase +");  // the cap is the skill's level
     EXPECT_EQ(Moves(), "*Punch,2,B;*Block,2,B;Sweep,2,;Throw,1,;");
     Menu("Decrease +");                        // the menu's item is bought as a move of that name
@@ -161,27 +156,23 @@ TEST_F(Skills, TheFreePoolOfEachMode) {
     EXPECT_EQ(Moves(), "*Punch,2,B;*Block,2,B;Sweep,2,;Throw,1,;Decrease +,1,;Kick,1,;Kick,1,;");
     EXPECT_EQ(platform.Messages(),
               std::vector<std::string>{"You don't have enough points to buy this."});
-    sheet->SkillMartialVisualListBox.SetListIndex(0);
-    Menu("Toggle Basic Move");
+    Menu("Toggle Basic Move", 0);
     EXPECT_EQ(Moves().substr(0, 9), "Punch,2,;");
     Menu("toggle basic move");
     EXPECT_EQ(Moves().substr(0, 11), "*Punch,2,B;");
-    sheet->SkillMartialVisualListBox.SetListIndex(2);
-    Menu("Toggle Basic Move");
+    Menu("Toggle Basic Move", 2);
     EXPECT_EQ(Moves(), "*Punch,2,B;*Block,2,B;*Sweep,2,B;Throw,1,;Decrease +,1,;Kick,1,;Kick,1,;");
 
     Pick("Esoteric", "Lucid Dream");
     Repeat(SkillUpDownArrows1_Up, 3);
     Menu("Mirror Hall");
-    sheet->SkillMartialVisualListBox.SetListIndex(0);
-    for (int i = 0; i < 6; ++i) Menu("Increase +");
+    for (int i = 0; i < 6; ++i) Menu("Increase +", 0);
     EXPECT_EQ(Moves(), "Mirror Hall,6,;");
     Menu("Increase +");  // 12 free points, cap 6
     EXPECT_EQ(Moves(), "Mirror Hall,6,;");
     sheet->SkillLevelField.SetText("2");  // 8 free points: 6 taken, then 1 left after the new rows
     Menu("Silent Garden");
-    sheet->SkillMartialVisualListBox.SetListIndex(1);
-    Menu("Increase +");  // the last free point still raises
+    Menu("Increase +", 1);  // the last free point still raises
     EXPECT_EQ(Moves(), "Mirror Hall,6,;Silent Garden,2,;");
 }
 
@@ -189,8 +180,7 @@ TEST_F(Skills, ALevelPastTheWholeNumbersStillHasAFreePool) {
     Pick("Esoteric", "Lucid Dream");
     sheet->SkillLevelField.SetText("1e300");
     Menu("Mirror Hall");
-    sheet->SkillMartialVisualListBox.SetListIndex(0);
-    Menu("Increase +");
+    Menu("Increase +", 0);
     EXPECT_EQ(Moves(), "Mirror Hall,2,;");
     EXPECT_TRUE(platform.Messages().empty());
 }
@@ -202,16 +192,14 @@ TEST_F(Skills, PastThePoolMovesAreBoughtWithExperience) {
     EXPECT_EQ(Moves(), "Falling Sky,1,6;");
     ExpectTexts("SavedExperienceField=-0.5|SpentExperienceField=6");
     sheet->SavedExperienceField.SetText("10");
-    sheet->SkillMartialVisualListBox.SetListIndex(0);
-    Menu("Increase +");  // level 0 caps every row, without a word
+    Menu("Increase +", 0);  // level 0 caps every row, without a word
     EXPECT_EQ(Moves(), "Falling Sky,1,6;");
 
     sheet->SkillLevelField.SetText("1");  // 4 free points, a cap of 2
     Menu("Increase +");
     Menu("Falling Sky");  // duplicates are not refused
     Menu("Silent Garden");
-    sheet->SkillMartialVisualListBox.SetListIndex(1);
-    Menu("Increase +");  // the pool is spent: the new level is paid
+    Menu("Increase +", 1);  // the pool is spent: the new level is paid
     EXPECT_EQ(Moves(), "Falling Sky,2,6;Falling Sky,2,2;Silent Garden,1,;");
     ExpectTexts("SavedExperienceField=8|SpentExperienceField=8");
     Menu("Decrease -");
@@ -222,8 +210,7 @@ TEST_F(Skills, PastThePoolMovesAreBoughtWithExperience) {
     sheet->SavedExperienceField.SetText("10");
     Menu("Decrease -");  // from level 1 the row goes
     EXPECT_EQ(Moves(), "Falling Sky,2,6;Silent Garden,1,;");
-    sheet->SkillMartialVisualListBox.SetListIndex(0);
-    Menu("Delete Item");
+    Menu("Delete Item", 0);
     ExpectTexts("SavedExperienceField=16|SpentExperienceField=0");
     sheet->CharacterInPlayBox.SetValue(false);
     sheet->SkillLevelField.SetText("0");
@@ -237,23 +224,19 @@ TEST_F(Skills, ReopeningASkillRestoresItsMovesInOrderWithTheirMarks) {
     sheet->visualizations = {"*Odd,1,", "Mirror Hall,3,"};
     sheet->SkillListBox.AddRow("Martial Arts(Iron Crane)");
     sheet->SkillListBox.AddRow("Lucid Dream");
-    sheet->SkillListBox.SetListIndex(0);
-    SkillListBox_DoubleClick(*sheet);
+    Open(0);
     EXPECT_EQ(Moves(), "*Punch,2,B;Kick,1,6;");
     EXPECT_EQ(sheet->SkillMartialVisualListBox.Heading(0), "Combat Move");
     ASSERT_TRUE(sheet->SkillMartialVisualListBox.Visible());
     Menu("Toggle Basic Move");  // nothing selected: nothing toggled
-    sheet->SkillListBox.SetListIndex(1);
-    SkillListBox_DoubleClick(*sheet);
+    Open(1);
     EXPECT_EQ(Moves(), "Mirror Hall,3,;*Odd,1,;");
     SkillRecordButton_Action(*sheet);  // stored, and the list goes away with the skill
     EXPECT_FALSE(sheet->SkillMartialVisualListBox.Visible());
     EXPECT_EQ(JoinFields(sheet->visualizations, ";"), "*Odd,1,;Mirror Hall,3,");
-    sheet->SkillListBox.SetListIndex(0);
-    SkillListBox_DoubleClick(*sheet);
+    Open(0);
     sheet->SkillListBox.AddRow("Brawling");
-    sheet->SkillListBox.SetListIndex(2);
-    SkillListBox_DoubleClick(*sheet);
+    Open(2);
     EXPECT_FALSE(sheet->SkillMartialVisualListBox.Visible());
 }
 

@@ -1,5 +1,4 @@
-#include <gtest/gtest.h>
-
+#include "sheet/StyledText.h"
 #include "support/SheetFixture.h"
 
 using namespace zeph;
@@ -8,25 +7,20 @@ using zeph::testing::SheetTest;
 using NewSheet = SheetTest;
 
 TEST_F(NewSheet, StartsCleanWithItsDefaultsAndOnlyTheUsersEditsOfTrackedItemsMarkIt) {
-    EXPECT_TRUE(sheet->savedChar);
-    ExpectTexts("GenderField=Male or Female|AgeField=21|StrengthBonus=0|StrengthField=");
+    ExpectTexts(
+        "savedChar=true|GenderField=Male or Female|AgeField=21|StrengthBonus=0|StrengthField=");
     EXPECT_FALSE(sheet->DPField.Visible());
     EXPECT_FALSE(sheet->JournalField.Visible());
     EXPECT_TRUE(sheet->QualitiesSeparateQDBox.Value());
     for (const char* name : {"NameField", "StrengthField", "QualityField", "AgeField",
                              "NotesField", "EquipmentField", "DPField", "ConceptBox"}) {
         sheet->savedChar = true;
-        Item* item = sheet->Items().Find(name);
-        ASSERT_NE(item, nullptr) << name;
-        if (auto* text = dynamic_cast<TextItem*>(item)) text->SetText("12");
-        else dynamic_cast<ComboItem*>(item)->SetText("12");
+        SetTexts(name + std::string("=12"));
         EXPECT_FALSE(sheet->savedChar) << name;
     }
     sheet->QualityField.SetText("3/10");
     sheet->savedChar = true;
-    sheet->QualityField.SetText("3/10");
-    sheet->AttributeField.SetText("1/20");
-    sheet->ContactsField.SetText("a friend");
+    SetTexts("QualityField=3/10|AttributeField=1/20|ContactsField=a friend");
     sheet->CharacterInPlayBox.SetValue(true);
     EXPECT_TRUE(sheet->savedChar);
     sheet->Properties().Find("loadingCharFile")->set("true");
@@ -93,8 +87,7 @@ TEST_F(NewSheet, AComboKeepsFreeTextWhileAChoiceOnlyTakesItsRows) {
 TEST_F(NewSheet, ObserversHearChangesAndCanDetach) {
     int heard = 0;
     int token = sheet->StrengthTotal.Observe([&](ItemChange) { ++heard; });
-    sheet->StrengthTotal.SetText("4");
-    sheet->StrengthTotal.SetText("4");
+    SetTexts("StrengthTotal=4|StrengthTotal=4");
     sheet->StrengthTotal.SetVisible(false);
     sheet->StrengthTotal.StopObserving(token);
     sheet->StrengthTotal.SetText("5");
@@ -112,4 +105,61 @@ TEST_F(NewSheet, ItemsPropertiesAndOperationsAreFoundByName) {
     sheet->NameField.SetText("Vera Lund");
     sheet->NameField_LostFocus();
     EXPECT_EQ(sheet->Properties().Find("title")->get(), "Zephalon CC: Vera Lund");
+}
+
+// When the change operation of a combo or choice list runs: at a new selected row, even one
+// that reads as the old, but never when the rows are emptied.
+TEST(ChoiceLists, EveryListRunsItsChangeAtANewRowAndNotAtEmptying) {
+    DataModule data;
+    ScriptedPlatform platform("/p", "/a", "/tmp");
+    std::map<std::string, int> runs;
+    OperationTable counting;
+    const OperationTable none;
+    const CharacterSheet names(data, platform, none);
+    for (const Item* item : names.Items().All())
+        if (item->Kind() == ItemKind::Combo || item->Kind() == ItemKind::Choice)
+            AddOperation(counting, ChangeOperationName(*item),
+                         [&runs, name = item->Name()](CharacterSheet&) { ++runs[name]; });
+    CharacterSheet sheet(data, platform, counting);
+    int lists = 0;
+    for (Item* item : sheet.Items().All()) {
+        auto* list = dynamic_cast<ComboItem*>(item);
+        if (list == nullptr) continue;
+        ++lists;
+        list->DeleteAllRows();
+        for (const char* row : {"Same", "Same", "Other"}) list->AddRow(row);
+        list->SetListIndex(0);
+        list->SetListIndex(1);  // reads the same, yet another row
+        list->SetListIndex(1);  // the row again: nothing new
+        list->DeleteAllRows();
+        EXPECT_EQ(runs[list->Name()], 2) << list->Name();
+        EXPECT_EQ(list->ListIndex(), -1);
+        if (list->Kind() == ItemKind::Choice) {
+            EXPECT_EQ(list->Text(), "") << list->Name();
+        }
+    }
+    EXPECT_GT(lists, 10) << "the combos and choices of every tab";
+}
+
+TEST(StyledText, RunsJoinOnlyWithRunsOfTheSameStyle) {
+    std::vector<StyleRun> others(6, StyleRun{"b"});
+    others[0].bold = others[1].italic = others[2].underline = true;
+    others[3].font = "Serif";
+    others[4].size = 14;
+    others[5].color = 0x0000FF;
+    for (const StyleRun& other : others) {
+        StyledText text;
+        // An empty run adds nothing, not even a run of its own style.
+        for (const StyleRun& run : {StyleRun{"a"}, StyleRun{"", true}, other, other})
+            text.Append(run);
+        EXPECT_EQ(text.runs.size(), 2u) << other.font << other.size;
+        EXPECT_EQ(text.runs.back().text, "bb");
+    }
+    // A slice and a replacement keep the styles around them.
+    StyledText text{{StyleRun{"one", true}, StyleRun{"two"}, StyleRun{"six", true}}};
+    EXPECT_EQ(text.Slice(2, 7).Text(), "etwos");
+    EXPECT_EQ(text.Slice(2, 7).runs.size(), 3u);
+    text.Replace(3, 3, "");
+    EXPECT_EQ(text.runs.size(), 1u) << "the bold runs meet and join";
+    EXPECT_EQ(text.Text(), "onesix");
 }

@@ -31,21 +31,48 @@ protected:
         data.xdata = std::move(rules);
         sheet = std::make_unique<CharacterSheet>(data, platform, SheetOperations());
     }
-    // Appends a row of QualityListBox with the given cells (column, text).
-    int AddQualityRow(const std::string& name,
-                      std::initializer_list<std::pair<int, std::string>> cells) {
-        sheet->QualityListBox.AddRow(name);
-        int row = sheet->QualityListBox.LastIndex();
-        for (const auto& [column, text] : cells) sheet->QualityListBox.SetCell(row, column, text);
-        return row;
+    using CellList = std::initializer_list<std::pair<int, std::string>>;
+    // Appends a row with the given cells (column, text).
+    static void AddRow(ListItem& list, const std::string& name, CellList cells) {
+        list.AddRow(name);
+        for (const auto& [column, text] : cells) list.SetCell(list.LastIndex(), column, text);
     }
-    // Expects text items to read as given, in the console's form: "Name=text|Name=text".
+    void AddQualityRow(const std::string& name, CellList cells) {
+        AddRow(sheet->QualityListBox, name, cells);
+    }
+    void AddMetaRow(const std::string& name, CellList cells) {
+        AddRow(sheet->MetaListBox, name, cells);
+    }
+    // The first cells of the rows of QualityListBox, each followed by ";".
+    std::string Names() {
+        std::string out;
+        for (int r = 0; r < sheet->QualityListBox.ListCount(); ++r)
+            out += sheet->QualityListBox.Cell(r, 0) + ";";
+        return out;
+    }
+    // Expects text items and properties to read as given, in the console's form:
+    // "Name=text|Name=text".
     void ExpectTexts(const std::string& expected) {
         for (const std::string& entry : SplitFields(expected, '|')) {
             const std::string name = entry.substr(0, entry.find('='));
+            if (const auto* property = sheet->Properties().Find(name)) {
+                EXPECT_EQ(property->get(), entry.substr(name.size() + 1)) << name;
+                continue;
+            }
             const auto* item = dynamic_cast<const TextItem*>(sheet->Items().Find(name));
             ASSERT_NE(item, nullptr) << name;
             EXPECT_EQ(item->Text(), entry.substr(name.size() + 1)) << name;
+        }
+    }
+    // Sets text and combo items in order, as the console's `set` does: "Name=text|Name=text".
+    void SetTexts(const std::string& entries) {
+        for (const std::string& entry : SplitFields(entries, '|')) {
+            const std::string name = entry.substr(0, entry.find('='));
+            const std::string text = entry.substr(name.size() + 1);
+            Item* item = sheet->Items().Find(name);
+            ASSERT_NE(item, nullptr) << name;
+            if (auto* field = dynamic_cast<TextItem*>(item)) field->SetText(text);
+            else dynamic_cast<ComboItem&>(*item).SetText(text);
         }
     }
     // Cells `from` to `to` of a row, joined by "|".
