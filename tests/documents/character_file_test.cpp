@@ -1,14 +1,9 @@
-#include <filesystem>
-#include <fstream>
-
 #include "documents/CharacterFile.h"
 #include "documents/SavingCharacters.h"
 #include "support/SheetFixture.h"
 
 namespace zeph::testing {
 namespace {
-
-namespace fs = std::filesystem;
 
 // Every item the file keeps, each given a text of its own before the save. Not here: the extra
 // stats and the attribute bonuses, which the load's quality bonuses rewrite.
@@ -23,17 +18,11 @@ const char* const kSavedItems =
 
 class CharacterFileTest : public SheetTest {
 protected:
-    CharacterFileTest() : folder(fs::temp_directory_path() / ("zeph-file-" + std::to_string(getpid()))) {
-        fs::create_directories(folder);
+    CharacterFileTest() {
         data.zephalondata = "ZSB WC";
     }
-    ~CharacterFileTest() override { fs::remove_all(folder); }
 
-    std::string Write(const std::string& name, const std::string& text) {
-        const std::string path = (folder / name).string();
-        std::ofstream(path) << text;
-        return path;
-    }
+    std::string Write(const std::string& name, const std::string& text) { return folder.Write(name, text); }
     // Loads the file into a new sheet, which takes the place of the old one.
     void Reopen(const std::string& path) {
         sheet = std::make_unique<CharacterSheet>(data, platform, SheetOperations());
@@ -44,7 +33,7 @@ protected:
         return "<character name='Ann' books='" + books + "'>" + children + "</character>";
     }
 
-    fs::path folder;
+    TempFolder folder{"file"};
 };
 
 void FillRow(ListItem& list, const std::string& tag) {
@@ -57,11 +46,10 @@ TEST_F(CharacterFileTest, RoundTripKeepsEveryItemRowMoveFlagAndRun) {
     // The flags first: the option box recomputes the totals.
     sheet->OptionalSkillPointBox.SetValue(true);
     sheet->CharacterInPlayBox.SetValue(true);
-    for (const std::string& name : SplitFields(kSavedItems, '|')) {
-        Item* item = const_cast<Item*>(sheet->Items().Find(name));
-        if (auto* text = dynamic_cast<TextItem*>(item)) text->SetText("v " + name);
-        if (auto* combo = dynamic_cast<ComboItem*>(item)) combo->SetText("v " + name);
-    }
+    std::string saved;
+    for (const std::string& name : SplitFields(kSavedItems, '|')) saved += name + "=v " + name + "|";
+    saved.pop_back();
+    SetTexts(saved);
     StyleRun bold("Dagger");
     bold.bold = true;
     bold.color = 0x336699;  // blue is not green: comes back 0x336666
@@ -84,13 +72,7 @@ TEST_F(CharacterFileTest, RoundTripKeepsEveryItemRowMoveFlagAndRun) {
     auto keep = std::move(sheet);
 
     Reopen(Write("c.xml", written));
-    for (const std::string& name : SplitFields(kSavedItems, '|')) {
-        const Item* item = sheet->Items().Find(name);
-        const std::string text = dynamic_cast<const TextItem*>(item)
-                                     ? dynamic_cast<const TextItem*>(item)->Text()
-                                     : dynamic_cast<const ComboItem*>(item)->Text();
-        EXPECT_EQ(text, "v " + name) << name;
-    }
+    ExpectTexts(saved);
     for (const ListItem* list : {&before.QualityListBox, &before.SkillListBox, &before.MetaListBox}) {
         const auto& loaded = dynamic_cast<const ListItem&>(*sheet->Items().Find(list->Name()));
         ASSERT_EQ(loaded.ListCount(), list->ListCount()) << list->Name();
@@ -116,7 +98,7 @@ TEST_F(CharacterFileTest, RoundTripKeepsEveryItemRowMoveFlagAndRun) {
     EXPECT_TRUE(sheet->savedChar);
     EXPECT_FALSE(sheet->loadingCharFile);
     EXPECT_EQ(sheet->title, "Zephalon CC: v NameField");
-    EXPECT_EQ(sheet->fileSaveString, (folder / "c.xml").string());
+    EXPECT_EQ(sheet->fileSaveString, folder.At("c.xml"));
     EXPECT_EQ(platform.OpenNotices().size(), 0u);
     // Saved again, the file is the same but for the colour that lost its blue.
     std::string expected = written.substr(written.find("<player"));
@@ -168,8 +150,7 @@ TEST_F(CharacterFileTest, ReadingKeepsItsAsymmetries) {
     EXPECT_EQ(sheet->DPField.Text(), "");
     EXPECT_FALSE(sheet->EndText.Visible() || sheet->EnduranceTotal.Visible() ||
                  sheet->SpeedText.Visible() || sheet->EssenceTotal.Visible());
-    EXPECT_EQ(sheet->ConceptBox.Rows(), std::vector<std::string>{"Drifter"});
-    EXPECT_EQ(sheet->ConceptBox.ListIndex(), 0);
+    EXPECT_EQ(JoinFields(sheet->ConceptBox.Rows(), "|") + " at " + Str(sheet->ConceptBox.ListIndex()), "Drifter at 0");
     EXPECT_EQ(Cells(sheet->QualityListBox, 0, 0, 4), "Q|||3|");
     EXPECT_EQ(sheet->SkillListBox.Cell(0, 4), "  ");
     EXPECT_EQ(sheet->NotesField.Text(), "styled");
@@ -204,20 +185,20 @@ TEST_F(CharacterFileTest, UnreadableFilesCloseTheCharacterWithTheirMessage) {
     // A file without a character opens blank, bound to that file.
     Reopen(Write("other.xml", "<somethingelse/>"));
     EXPECT_FALSE(sheet->characterClosed);
-    EXPECT_EQ(sheet->fileSaveString, (folder / "other.xml").string());
+    EXPECT_EQ(sheet->fileSaveString, folder.At("other.xml"));
     EXPECT_FALSE(sheet->SpeedText.Visible());
     EXPECT_TRUE(sheet->EssenceLabel.Visible());
     EXPECT_EQ(platform.Messages().size(), 1u);
 
     // A folder chosen in the dialog is told as such.
-    platform.QueueAnswer(folder.string());
+    platform.QueueAnswer(folder.path.string());
     Reopen("");
     EXPECT_EQ(platform.Messages().back(), "This is a folder, not a file. Please choose a character file.");
     EXPECT_TRUE(sheet->characterClosed);
 
     // A vanished file asks; cancelling closes the character as saved.
     sheet->savedChar = false;
-    LoadXMLCharSheet(*sheet, (folder / "gone.xml").string());
+    LoadXMLCharSheet(*sheet, folder.At("gone.xml"));
     EXPECT_TRUE(sheet->characterClosed && sheet->savedChar);
     EXPECT_EQ(platform.Transcript().back(), "dialog: open text -> cancel (no answer queued)");
 }

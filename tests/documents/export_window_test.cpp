@@ -1,6 +1,3 @@
-#include <filesystem>
-#include <fstream>
-
 #include "documents/ExportWindow.h"
 #include "platform/Files.h"
 #include "support/SheetFixture.h"
@@ -8,30 +5,24 @@
 namespace zeph::testing {
 namespace {
 
-namespace fs = std::filesystem;
-
 // The export over a stand-in application folder holding the stylesheets the case needs.
 class ExportTest : public SheetTest {
 protected:
     ExportTest()
-        : folder(fs::temp_directory_path() / ("zeph-export-" + std::to_string(getpid()))),
-          scripted(folder.string(), folder.string(), folder.string()) {
-        fs::create_directories(folder);
+        : scripted(folder.path.string(), folder.path.string(), folder.path.string()) {
         sheet = std::make_unique<CharacterSheet>(data, scripted, SheetOperations());
         sheet->NameField.SetText("Ann");
         exporter = std::make_unique<ExportWindow>(*sheet);
     }
-    ~ExportTest() override { fs::remove_all(folder); }
     void Stylesheet(const std::string& name, const std::string& output) {
-        std::ofstream(folder / name)
-            << "<xsl:stylesheet version='1.0' xmlns:xsl='http://www.w3.org/1999/XSL/Transform'>"
+        folder.Write(name, "<xsl:stylesheet version='1.0' xmlns:xsl='http://www.w3.org/1999/XSL/Transform'>"
                "<xsl:output method='" + output + "' encoding='UTF-8'/><xsl:template match='/'>"
                "<xsl:if test=\"'" + output + "'='xml'\"><r><xsl:value-of select='character/@name'/></r></xsl:if>"
                "<xsl:if test=\"'" + output + "'!='xml'\">Name: <xsl:value-of select='character/@name'/></xsl:if>"
-               "</xsl:template></xsl:stylesheet>";
+               "</xsl:template></xsl:stylesheet>");
     }
 
-    fs::path folder;
+    TempFolder folder{"export"};
     ScriptedPlatform scripted;
     std::unique_ptr<ExportWindow> exporter;
 };
@@ -67,12 +58,12 @@ TEST_F(ExportTest, AMissingStylesheetIsAskedForAndABrokenOneReported) {
     EXPECT_EQ(exporter->EditField1.Text(), "");
     EXPECT_TRUE(exporter->SaveButton.Value());
 
-    std::ofstream(folder / "zepwiki.xsl") << "<xsl:stylesheet version='1.0' xmlns:xsl='http://www.w3.org/1999/XSL/Transform'><xsl:template match='/'><xsl:value-of select='1 +'/></xsl:template></xsl:stylesheet>";
+    folder.Write("zepwiki.xsl", "<xsl:stylesheet version='1.0' xmlns:xsl='http://www.w3.org/1999/XSL/Transform'><xsl:template match='/'><xsl:value-of select='1 +'/></xsl:template></xsl:stylesheet>");
     exporter->EditField1.SetText("edited");
     exporter->PopupMenu1.SetText("Wiki Code");
     EXPECT_EQ(exporter->EditField1.Text(), "");
     ASSERT_EQ(scripted.Messages().size(), 2u);
-    EXPECT_NE(scripted.Messages()[1].find("\n At node: " + (folder / "zepwiki.xsl").string() + " on: "),
+    EXPECT_NE(scripted.Messages()[1].find("\n At node: " + folder.At("zepwiki.xsl") + " on: "),
               std::string::npos);
 }
 
@@ -80,10 +71,10 @@ TEST_F(ExportTest, SavingRewritesTheNameAndPreviewShowsTheFieldInTheBrowser) {
     Stylesheet("zephtml.xsl", "html");
     exporter->PopupMenu1.SetText("HTML");
     exporter->EditField1.SetText("<p>edited</p>");
-    scripted.QueueAnswer((folder / "a.b.htm").string());
+    scripted.QueueAnswer(folder.At("a.b.htm"));
     exporter->SaveButton_Action();
-    EXPECT_EQ(ReadWholeFile((folder / "a.html").string()), "<p>edited</p>\n");
-    EXPECT_EQ(scripted.Transcript().end()[-2], "dialog: save text Ann.html -> " + (folder / "a.b.htm").string());
+    EXPECT_EQ(ReadWholeFile(folder.At("a.html")), "<p>edited</p>\n");
+    EXPECT_EQ(scripted.Transcript().end()[-2], "dialog: save text Ann.html -> " + folder.At("a.b.htm"));
     EXPECT_EQ(scripted.Messages().back(), "Ann.html Saved.");
 
     exporter->PreviewButton_Action();

@@ -1,6 +1,3 @@
-#include <filesystem>
-#include <fstream>
-
 #include "documents/RecentFiles.h"
 #include "documents/SavingCharacters.h"
 #include "platform/Files.h"
@@ -9,20 +6,16 @@
 namespace zeph::testing {
 namespace {
 
-namespace fs = std::filesystem;
-
 class SavingTest : public SheetTest {
 protected:
-    SavingTest() : folder(fs::temp_directory_path() / ("zeph-save-" + std::to_string(getpid()))) {
-        fs::create_directories(folder);
+    SavingTest() {
         sheet->NameField.SetText("Ann");
         sheet->savedChar = false;
     }
-    ~SavingTest() override { fs::remove_all(folder); }
-    std::string At(const std::string& name) const { return (folder / name).string(); }
+    std::string At(const std::string& name) const { return folder.At(name); }
     std::string Read(const std::string& name) const { return ReadWholeFile(At(name)).value_or("<none>"); }
 
-    fs::path folder;
+    TempFolder folder{"save"};
 };
 
 TEST(SanitiseForXml, DropsWhatXmlMayNotHoldAndKeepsTheRest) {
@@ -92,18 +85,15 @@ TEST_F(SavingTest, AFailedSaveLeavesTheOldFileWhole) {
     EXPECT_FALSE(sheet->savedChar);
     EXPECT_EQ(platform.OpenNotices(), std::vector<std::string>{"Saving character. Please wait..."});
     EXPECT_TRUE(data.recentItemsName.empty());
-    EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 1);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path), std::filesystem::directory_iterator()), 1);
 }
 
-class FakeWindow : public JournalWindowHandle {
-public:
-    explicit FakeWindow(std::vector<std::string>& log, std::string name) : log_(log), name_(std::move(name)) {}
-    void Close() override { log_.push_back(name_ + " closed"); }
+struct FakeWindow : JournalWindowHandle {
+    FakeWindow(std::vector<std::string>& closed, std::string window) : log(closed), name(std::move(window)) {}
+    void Close() override { log.push_back(name + " closed"); }
     StyledText JournalText() const override { return {{StyleRun{"from the window"}}}; }
-
-private:
-    std::vector<std::string>& log_;
-    std::string name_;
+    std::vector<std::string>& log;
+    std::string name;
 };
 
 TEST_F(SavingTest, ClosingClosesTheWindowsThenAsksWithThreeAnswers) {

@@ -1,6 +1,6 @@
 // The character window over a sheet with the sample rule data, started as the app starts it:
-// its widgets show the items they are named after and follow them, and the user's events
-// reach the sheet's named operations.
+// its widgets show the items they are named after and follow them, the user's events reach
+// the sheet's named operations, and the menu commands open the character's other windows.
 #include <gtest/gtest.h>
 
 #include <QtWidgets>
@@ -13,6 +13,9 @@
 #include "shell/App.h"
 #include "shell/gui/CharWindow.h"
 #include "shell/gui/CoreCall.h"
+#include "shell/gui/ExportView.h"
+#include "shell/gui/JournalView.h"
+#include "shell/gui/PortraitView.h"
 #include "shell/gui_test_app.h"
 
 namespace zeph::gui {
@@ -27,6 +30,7 @@ class AppStart : public ::testing::Test {
             [this](const std::string& message) { failures_.push_back(message); });
         ASSERT_TRUE(app_.LoadDataFile(ZEPHALON_SOURCE_DIR "/data/rules/sample.xml"));
         window_ = std::make_unique<CharWindow>(std::make_unique<CharacterSheet>(data_, platform_, SheetOperations()));
+        window_->InstallMenus({nullptr, [] { return std::vector<std::string>{}; }, {}});
     }
     void TearDown() override {
         window_.reset();
@@ -36,6 +40,7 @@ class AppStart : public ::testing::Test {
     }
 
     CharacterSheet& sheet() { return window_->Sheet(); }
+    QAction* action(const char* name) { return window_->findChild<QAction*>(name); }
     template <typename W>
     W* widget(const char* itemName) {
         auto* found = window_->findChild<W*>(itemName);
@@ -68,7 +73,8 @@ class AppStart : public ::testing::Test {
         choices->setCurrentIndex(choices->findText(choice));
     }
 
-    ScriptedPlatform platform_{"/nonexistent-prefs", ".", "/tmp"};
+    // The application's folder holds the export stylesheets.
+    ScriptedPlatform platform_{"/nonexistent-prefs", ZEPHALON_SOURCE_DIR "/data/stylesheets", "/tmp"};
     DataModule data_;
     App app_{data_, platform_};
     std::unique_ptr<CharWindow> window_;
@@ -205,6 +211,153 @@ TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
     ASSERT_TRUE(QMetaObject::invokeMethod(widget<QTimer>("Timer1"), "timeout"));
     EXPECT_EQ(widget<QLabel>("InfoText")->text().toStdString(), sheet().InfoText.Text());
     EXPECT_NE(sheet().InfoText.Text(), "stale");
+}
+
+TEST_F(AppStart, OnlyTheTabMenuMovesItsChecks) {
+    ASSERT_NE(action("TabSkills"), nullptr);
+    EXPECT_FALSE(action("FileNew")->isEnabled());  // the application's, absent here
+    EXPECT_EQ(action("FileSaveAsCharacterFile")->shortcut(), QKeySequence("Ctrl+Shift+S"));
+    action("TabSkills")->trigger();
+    auto* tabs = window_->findChild<QTabWidget*>("TabPanel1");
+    EXPECT_EQ(tabs->currentIndex(), 2);
+    EXPECT_TRUE(action("TabSkills")->isChecked());
+    action("TabEquipment")->trigger();
+    EXPECT_FALSE(action("TabSkills")->isChecked());
+    tabs->setCurrentIndex(0);
+    EXPECT_TRUE(action("TabEquipment")->isChecked());
+}
+
+TEST_F(AppStart, ExportShowsTheCharacterInTheChosenForm) {
+    sheet().NameField.SetText("Ann");
+    action("FileExport")->trigger();
+    auto* view = window_->findChild<ExportView*>();
+    ASSERT_NE(view, nullptr);
+    auto* forms = view->findChild<QComboBox*>("PopupMenu1");
+    forms->setCurrentIndex(forms->findText("Summary"));
+    emit forms->activated(forms->currentIndex());
+    EXPECT_TRUE(view->findChild<QPlainTextEdit*>("EditField1")->toPlainText().startsWith("Ann"));
+    EXPECT_EQ(view->windowTitle(), "Ann");
+}
+
+TEST_F(AppStart, ClosingAsksAndCancelKeepsTheWindow) {
+    window_->show();
+    sheet().savedChar = false;
+    platform_.QueueAnswer("Cancel");
+    EXPECT_FALSE(window_->close());
+    platform_.QueueAnswer("Don't Save");
+    EXPECT_TRUE(window_->close());
+    EXPECT_EQ(platform_.Transcript().size(), 2u);
+}
+
+TEST_F(AppStart, StyledFieldsCarryFontSizeAndColourBothWays) {
+    StyleRun run("Dagger");
+    run.color = 0x802020;
+    run.size = 14;
+    run.font = "Serif";
+    sheet().EquipmentField.SetStyled({{run}});
+    auto* edit = window_->findChild<QTextEdit*>("EquipmentField");
+    QTextCursor cursor(edit->document());
+    cursor.setPosition(1);
+    EXPECT_EQ(cursor.charFormat().foreground().color(), QColor(0x80, 0x20, 0x20));
+    EXPECT_EQ(cursor.charFormat().fontPointSize(), 14);
+    cursor.insertText("x");  // typed in the run's style
+    const StyleRun back = sheet().EquipmentField.Styled().runs.at(0);
+    EXPECT_EQ(back.text, "Dxagger");
+    EXPECT_TRUE(back.SameStyle(run));
+}
+
+TEST_F(AppStart, TheJournalCrossesToItsWindowAndBackAtClosing) {
+    CharacterSheet& sheet = this->sheet();
+    sheet.NameField.SetText("Ann");
+    sheet.JournalField.SetText("Day one");
+    sheet.savedChar = true;
+    action("FileCharacterJournal")->trigger();
+    window_->findChild<QPushButton*>("JournalButton")->click();  // open already: no second one
+    ASSERT_EQ(window_->findChildren<JournalView*>().size(), 1);
+    JournalView* journal = window_->findChild<JournalView*>();
+    EXPECT_EQ(journal->windowTitle(), "Journal for Ann");
+    EXPECT_FALSE(sheet.savedChar);  // filling the window is an edit
+    auto* edit = journal->findChild<QTextEdit*>("JournalField");
+    EXPECT_EQ(edit->toPlainText(), "Day one");
+    edit->setPlainText("Day two");
+    EXPECT_EQ(sheet.JournalField.Text(), "Day one");  // the sheet's copy waits for the close
+    journal->close();
+    EXPECT_EQ(sheet.JournalField.Text(), "Day two");
+    EXPECT_FALSE(sheet.JournalField.Visible() || sheet.journalWindowIsOpen);
+}
+
+TEST_F(AppStart, ListButtonsArrowsAndDeleteKeyRunTheirOperations) {
+    CharacterSheet& sheet = this->sheet();
+    window_->findChild<QPushButton*>("QualitySeparator")->click();
+    window_->findChild<QPushButton*>("MetaSeparator")->click();
+    EXPECT_EQ(sheet.QualityListBox.Cell(0, 0) + sheet.MetaListBox.Cell(0, 0), "----");
+    sheet.QualityListBox.SetListIndex(0);
+    auto* list = window_->findChild<QTreeWidget*>("QualityListBox");
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
+    QApplication::sendEvent(list, &press);
+    EXPECT_EQ(sheet.QualityListBox.ListCount(), 0);
+    sheet.QualityListBox.AddRow("Zeal");
+    sheet.QualityListBox.AddRow("agile");
+    emit list->header()->sectionClicked(0);  // sorts, and ends keeping drawbacks apart
+    EXPECT_EQ(sheet.QualityListBox.Cell(0, 0), "agile");
+    EXPECT_FALSE(sheet.QualitiesSeparateQDBox.Value());
+    window_->findChild<QToolButton*>("SkillUpDownArrows1_Up")->click();
+    EXPECT_EQ(sheet.SkillLevelField.Text(), "1");
+}
+
+TEST_F(AppStart, FormatCommandsAndTabInTheStyledFields) {
+    auto* notes = window_->findChild<QTextEdit*>("NotesField");
+    notes->setPlainText("abc");
+    notes->selectAll();
+    sheet().savedChar = true;
+    FormatSelection(*notes, "FormatBold");
+    FormatSelection(*notes, "FormatBigger");  // from the default size: 2
+    FormatSelection(*notes, "FormatBigger");
+    FormatSelection(*notes, "FormatSmaller");
+    StyleRun run = sheet().NotesField.Styled().runs.at(0);
+    EXPECT_TRUE(run.bold);
+    EXPECT_EQ(run.size, 2);
+    FormatSelection(*notes, "FormatSmaller");
+    FormatSelection(*notes, "FormatSmaller");  // never below the default
+    EXPECT_EQ(sheet().NotesField.Styled().runs.at(0).size, 0);
+    EXPECT_TRUE(sheet().savedChar);  // a change of format is no edit
+
+    notes->moveCursor(QTextCursor::End);
+    QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+    QApplication::sendEvent(notes, &tab);
+    EXPECT_EQ(sheet().NotesField.Text(), "abc    ");
+    EXPECT_TRUE(window_->findChild<QTextEdit*>("ContactsField")->tabChangesFocus());
+
+    // The style bar's Styles menu acts on the field of the pressed button.
+    notes->selectAll();
+    auto* styles = window_->findChild<QToolButton*>("DescripStylesBevelButton");
+    styles->menu()->actions().at(2)->trigger();  // "Italic"
+    EXPECT_TRUE(sheet().NotesField.Styled().runs.at(0).italic);
+}
+
+TEST_F(AppStart, APortraitDroppedSizesTheWindowAndWaitsForTheSave) {
+    CharacterSheet& sheet = this->sheet();
+    sheet.NameField.SetText("Ann");
+    sheet.portraitPath = "/nonexistent/ann.png";
+    action("FileCharacterPortrait")->trigger();
+    action("FileCharacterPortrait")->trigger();  // open already: nothing
+    ASSERT_EQ(window_->findChildren<PortraitView*>().size(), 1);
+    EXPECT_EQ(platform_.Messages(),
+              std::vector<std::string>{"The associated Portrait is no longer in the specified location."});
+    PortraitView* portrait = window_->findChild<PortraitView*>();
+    EXPECT_EQ(portrait->windowTitle(), "Portrait for Ann");
+    EXPECT_EQ(portrait->size(), QSize(250, 300));
+    sheet.savedChar = true;
+    QImage picture(100, 200, QImage::Format_RGB32);
+    picture.fill(Qt::darkRed);
+    portrait->TakePicture(picture);
+    EXPECT_EQ(portrait->size(), QSize(144, 238));
+    EXPECT_FALSE(sheet.savedChar);
+    ASSERT_TRUE(sheet.portraitImage.has_value());
+    EXPECT_EQ(sheet.portraitImage->substr(1, 3), "PNG");
+    EXPECT_EQ(sheet.portraitPath, "/nonexistent/ann.png");  // changed by the next save only
+    portrait->close();
+    EXPECT_FALSE(sheet.portraitWindowIsOpen);
 }
 
 }  // namespace

@@ -3,6 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
 #include <memory>
 #include <string>
 
@@ -13,6 +17,21 @@
 #include "text/TextHelpers.h"
 
 namespace zeph::testing {
+
+// A folder of the test's own in the temporary folder, gone with the test.
+struct TempFolder {
+    explicit TempFolder(const std::string& tag)
+        : path(std::filesystem::temp_directory_path() / ("zeph-" + tag + "-" + std::to_string(getpid()))) {
+        std::filesystem::create_directories(path);
+    }
+    ~TempFolder() { std::filesystem::remove_all(path); }
+    std::string At(const std::string& name) const { return (path / name).string(); }
+    std::string Write(const std::string& name, const std::string& text) const {
+        std::ofstream(At(name)) << text;
+        return At(name);
+    }
+    std::filesystem::path path;
+};
 
 class SheetTest : public ::testing::Test {
 protected:
@@ -50,7 +69,7 @@ protected:
             out += sheet->QualityListBox.Cell(r, 0) + ";";
         return out;
     }
-    // Expects text items and properties to read as given, in the console's form:
+    // Expects text and combo items and properties to read as given, in the console's form:
     // "Name=text|Name=text".
     void ExpectTexts(const std::string& expected) {
         for (const std::string& entry : SplitFields(expected, '|')) {
@@ -59,9 +78,11 @@ protected:
                 EXPECT_EQ(property->get(), entry.substr(name.size() + 1)) << name;
                 continue;
             }
-            const auto* item = dynamic_cast<const TextItem*>(sheet->Items().Find(name));
+            const Item* item = sheet->Items().Find(name);
             ASSERT_NE(item, nullptr) << name;
-            EXPECT_EQ(item->Text(), entry.substr(name.size() + 1)) << name;
+            const auto* combo = dynamic_cast<const ComboItem*>(item);
+            EXPECT_EQ(combo ? combo->Text() : dynamic_cast<const TextItem&>(*item).Text(),
+                      entry.substr(name.size() + 1)) << name;
         }
     }
     // Sets text and combo items in order, as the console's `set` does: "Name=text|Name=text".
