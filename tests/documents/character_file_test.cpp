@@ -135,6 +135,7 @@ TEST_F(CharacterFileTest, ElementsStandInTheOrderOfTheFormat) {
               "mentalbonus physicalbonus optionalpointsystem characterinplay experience "
               "charpoints quality skill meta martialmaneuver visualization description notes "
               "history contacts altforms equipment journal portrait ");
+    EXPECT_NE(CharacterFileText(*sheet).find("\n<character name=\"\" ZephalonVersion=\"Zephalon Version: 1.1.5\" LastChange=\"20"), std::string::npos);
     sheet->DPField.SetVisible(true);
     EXPECT_NE(CharacterFileText(*sheet).find("<extrastats>e</extrastats>\n    <dramapoints points=\"\"/>\n    <mentalbonus"),
               std::string::npos);

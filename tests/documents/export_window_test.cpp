@@ -43,7 +43,7 @@ TEST_F(ExportTest, EachFormShowsItsResultAndSetsTheButtons) {
     sheet->NameField.SetText("Bea");  // unsaved edits are exported too
     for (const char* form : {"Text", "Summary", "Wiki Code"}) {
         exporter->PopupMenu1.SetText(form);
-        EXPECT_EQ(exporter->EditField1.Text(), "\n<r>Bea</r>\n") << form;
+        EXPECT_EQ(exporter->EditField1.Text() + Str(exporter->PreviewButton.Visible()), "\n<r>Bea</r>\n0") << form;
     }
     exporter->PopupMenu1.SetText("Custom");
     EXPECT_EQ(exporter->EditField1.Text(), std::string(kXmlDeclaration) + "\n<r>Bea</r>\n");

@@ -121,6 +121,9 @@ TEST_F(SavingTest, ClosingClosesTheWindowsThenAsksWithThreeAnswers) {
     EXPECT_FALSE(Event_CancelClose(*sheet));  // saved: no question, no window to close
     EXPECT_EQ(platform.Transcript().size(), asked);
     EXPECT_EQ(closed.size(), 6u);
+    sheet->JournalField.SetText("own");
+    CharacterFileText(*sheet);  // the journal's handle stays, but it is closed: nothing copied
+    EXPECT_EQ(sheet->JournalField.Text(), "own");
 }
 
 TEST(RecentFiles, KeepSixteenByPathAndOpenByName) {

@@ -14,24 +14,15 @@ StyleRun Plain(const std::string& text, std::uint32_t color = 0) {
     return run;
 }
 
-// Writes the runs as a "notes" field and gives the document's text.
-std::string Written(const StyledText& styled) {
-    XmlDocument document;
-    ConvertStyledTextToXML(styled, document.AppendRoot("character"), "notes");
-    return document.Serialise();
-}
-
-StyledText ReadBack(const std::string& xml) {
-    return ConvertXMLToStyledText(RuleData::LoadText(xml)->Query("//sr"));
-}
-
 TEST(StyledTextCodec, WritesOneParagraphPerLineThenOneNodePerRunWithItsAttributesInOrder) {
     StyleRun styled("b\r\nc\rd\n");
     styled.bold = styled.underline = true;
     styled.font = "Serif";
     styled.size = 14;
     styled.color = 0x0A141E;
-    const std::string xml = Written({{Plain("a "), styled}});
+    XmlDocument document;
+    ConvertStyledTextToXML({{Plain("a "), styled}}, document.AppendRoot("character"), "notes");
+    const std::string xml = document.Serialise();
     EXPECT_NE(xml.find("<character>\n    <notes>\n        <p>a b</p>\n        <p>c</p>\n        "
                        "<p>d</p>\n        <p></p>\n        <sr b=\"f\" i=\"f\" u=\"f\" f=\"\" "
                        "c=\"#000000\" cd=\"0 0 0\" s=\"0\">a </sr>\n        <sr b=\"t\" i=\"f\" "
@@ -42,9 +33,9 @@ TEST(StyledTextCodec, WritesOneParagraphPerLineThenOneNodePerRunWithItsAttribute
 }
 
 TEST(StyledTextCodec, ReadsBlueFromGreenAndDefaultsWhatIsMissing) {
-    const StyledText read = ReadBack(
+    const StyledText read = ConvertXMLToStyledText(RuleData::LoadText(
         "<n><sr cd='255 0 0' u='t'>r</sr><sr cd='0 0 255'>b</sr><sr cd='10 20 30' b='T' i='t' u='x' "
-        "f='Mono' s='12'>g</sr><sr/><sr s='x' cd=''>e</sr></n>");
+        "f='Mono' s='12'>g</sr><sr/><sr s='x' cd=''>e</sr></n>")->Query("//sr"));
     ASSERT_EQ(read.runs.size(), 5u);
     EXPECT_EQ(read.runs[0].color, 0xFF0000u);
     EXPECT_EQ(read.runs[1].color, 0u);
