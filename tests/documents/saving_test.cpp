@@ -40,11 +40,9 @@ TEST_F(SavingTest, SaveAsMakesTheNameEndInXmlAndBindsTheCharacter) {
         EXPECT_EQ(sheet->title, c.written);
         EXPECT_NE(Read(c.written).find("<character name=\"Ann\""), std::string::npos);
     }
-    EXPECT_TRUE(sheet->savedChar);
-    EXPECT_EQ(platform.Messages().back(), "Ann Saved.");
-    EXPECT_EQ(data.recentItemsName.front(), "Ann.XML");
-    EXPECT_EQ(data.recentMenuItems.size(), 3u + 2u);
-    EXPECT_TRUE(platform.OpenNotices().empty());
+    EXPECT_EQ(Str(sheet->savedChar) + " " + platform.Messages().back() + " " + data.recentItemsName.front(),
+              "1 Ann Saved. Ann.XML");
+    EXPECT_EQ(data.recentMenuItems.size() + platform.OpenNotices().size(), 3u + 2u);
 
     sheet->savedChar = false;
     platform.QueueAnswer("cancel");
@@ -64,9 +62,11 @@ TEST_F(SavingTest, SaveWritesTheBoundFileAndThePortraitBesideIt) {
     EXPECT_EQ(sheet->portraitPath, At("ann.xml.pict"));
     EXPECT_NE(Read("ann.xml").find("<portrait path=\"" + At("ann.xml.pict") + "\"/></character>\n"),
               std::string::npos);
-    EXPECT_EQ(sheet->title, "kept");
-    EXPECT_TRUE(sheet->savedChar);
+    EXPECT_EQ(sheet->title + " " + Str(sheet->savedChar) + " " + platform.Messages().back(), "kept 1 Ann Saved.");
     EXPECT_EQ(data.recentItemsPaths, std::vector<std::string>{At("ann.xml")});
+    platform.QueueAnswer(At("copy"));  // Save As writes a further copy of the picture
+    SaveAsFile(*sheet);
+    EXPECT_EQ(sheet->portraitPath, At("copy.xml.pict"));
 }
 
 TEST_F(SavingTest, AFailedSaveLeavesTheOldFileWhole) {

@@ -54,3 +54,8 @@ expect CharacterTypePopup.rows Gifted
 do CharacterTypePopup_GotFocus
 expect CharacterTypePopup Human
 expect ChooseCharPopup.rows Survivor|Hero
+
+# The menu's Save As names the file after the dialog's answer.
+answer /tmp/zephalon-script-save-and-open-copy
+do _FileSaveAsCharacterFile_Action
+expect title zephalon-script-save-and-open-copy.xml

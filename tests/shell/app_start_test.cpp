@@ -279,6 +279,9 @@ TEST_F(AppStart, TheJournalCrossesToItsWindowAndBackAtClosing) {
     EXPECT_FALSE(sheet.savedChar);  // filling the window is an edit
     auto* edit = journal->findChild<QTextEdit*>("JournalField");
     EXPECT_EQ(edit->toPlainText(), "Day one");
+    sheet.savedChar = true;
+    FormatSelection(*edit, "FormatBold");  // a change of format is no edit
+    EXPECT_TRUE(sheet.savedChar);
     edit->setPlainText("Day two");
     EXPECT_EQ(sheet.JournalField.Text(), "Day one");  // the sheet's copy waits for the close
     journal->close();
