@@ -40,10 +40,9 @@ CharWindow* GuiApp::makeWindow() {
     CharWindow* window = nullptr;
     CallCore([&] {
         window = new CharWindow(std::make_unique<CharacterSheet>(data_, platform_, SheetOperations()));
-        // A new window refills the recent submenu and starts with nothing unsaved.
+        // A new window refills the recent submenu; its sheet starts with nothing unsaved.
         RemoveRecentOpenItems(data_);
         RebuildRecentOpenItems(data_);
-        window->Sheet().savedChar = true;
     });
     if (!window) return nullptr;
     window->setAttribute(Qt::WA_DeleteOnClose);

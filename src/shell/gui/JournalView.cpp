@@ -8,10 +8,12 @@
 #include "shell/gui/CoreCall.h"
 #include "shell/gui/ItemBinding.h"
 #include "shell/gui/StyleBar.h"
+#include "sheet/CharacterSheet.h"
 
 namespace zeph::gui {
 
 void JournalView::OpenTheJournal(CharacterSheet& sheet, QWidget* parent, const MenuSources& menus) {
+    if (sheet.journalWindowIsOpen) return;  // no window made only to be thrown away
     auto* view = new JournalView(sheet, parent);
     CallCore([&] { view->journal_ = Journal::OpenTheJournal(sheet, [view] { view->close(); }); });
     if (!view->journal_) {
