@@ -121,11 +121,11 @@ TEST_F(NotesArea, ClicksPressOneButtonShowOneFieldAndWriteTheAltFormAnew) {
                                     {"AltForm", "AltForm: AltFormButton AltFormField |Bear"},
                                     {"Notes", "Notes: NotesButton NotesField |edited"}}) {
         sheet->AltFormField.SetText("edited");
-        sheet->Operations().at(button + std::string("Button_Action")).run(*sheet, "");
+        Do(button + std::string("Button_Action"));
         EXPECT_EQ(State(), expected) << button;
     }
     sheet->ContactsButton.SetValue(true);  // as the console's flag does: no click
-    sheet->Operations().at("SwapFields").run(*sheet, "history");  // any case names the field
+    Do("SwapFields", "history");  // any case names the field
     EXPECT_EQ(State(), "history: NotesButton ContactsButton HistoryField |edited");
 }
 

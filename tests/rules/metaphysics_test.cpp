@@ -22,6 +22,11 @@ class Metaphysics : public SheetTest {
 };
 
 TEST_F(Metaphysics, OnlyWhatTheQualitiesAllowIsOffered) {
+    for (const char* loader : {"LoadMetaTypes", "MetaTypePopup_MouseDown"}) {
+        sheet->MetaTypePopup.DeleteAllRows();
+        Do(loader);
+        EXPECT_EQ(sheet->MetaTypePopup.Rows(), std::vector<std::string>{"Gifts"}) << loader;
+    }
     const struct {
         const char* quality;
         std::vector<std::string> offered;
@@ -146,9 +151,10 @@ TEST_F(Metaphysics, RecordingWritesTheRowAndSumsTheBonuses) {
     MetaRecordButton_Action(*sheet);
     EXPECT_EQ(Row(1, 0, 10), "Seer's Eye|3|3|0||ZPR 8|Ward,2|3/0|1/2|3/6|10");
     EXPECT_EQ(Row(1, 11, 25), "1|0|0|0|0|0|2|0|3|||||1|Beasts");
-    ExpectTexts("MetaNameField=|MetaXPCostNewField=|MetaMaxLevelField=|StrengthBonus=3|"
+    ExpectTexts("MetaNameField=|MetaXPCostNewField=|MetaMaxLevelField=|MetaPrerequisiteField=|"
+                "StrengthBonus=3|"
                 "m_all_bonuses=3,0,0,0,0,0,6,0,9,0,0,0,0,3,0");
-    EXPECT_EQ(sheet->m_attributes[6] + sheet->m_row, -1);
+    EXPECT_EQ(sheet->m_attributes[0] + sheet->m_attributes[6] + sheet->m_row, -1);
     EXPECT_EQ(sheet->m_bonuspts[5] + sheet->m_altform, "");
 
     sheet->MetaListBox.SetListIndex(1);

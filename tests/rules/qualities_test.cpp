@@ -20,7 +20,7 @@ class Qualities : public SheetTest {
     void Pick(const std::string& name, const std::string& type = "Qualities") {
         sheet->QualityTypePopup.SetText(type);
         sheet->QualityPopup.SetText(name);
-        sheet->Operations().at("QualityPopup_MouseDown").run(*sheet, "");
+        Do("QualityPopup_MouseDown");
     }
     void Buy(const std::string& name, int levels, const std::string& type = "Qualities") {
         Pick(name, type);
@@ -105,6 +105,7 @@ TEST_F(Qualities, RecordingWritesTheRowAndEmptiesTheEntry) {
         EXPECT_EQ(Row(row, 10, 10) + "/" + Row(row, 26, 26), c.markers) << c.name;
     }
     EXPECT_EQ(Row(1, 6, 6), "Keen Eye,0 ") << "a line end becomes one blank";
+    ExpectTexts("QualityPrerequisiteField=");
 }
 
 TEST_F(Qualities, PrerequisitesCountMatchingRowsNotRequirements) {

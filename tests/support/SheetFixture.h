@@ -102,6 +102,10 @@ protected:
         for (int column = from + 1; column <= to; ++column) out += "|" + list.Cell(row, column);
         return out;
     }
+    // Runs an operation by the name the window and the console call it by.
+    void Do(const std::string& name, const std::string& argument = "") {
+        sheet->Operations().at(name).run(*sheet, argument);
+    }
     void Repeat(void (*operation)(CharacterSheet&), int times) {
         for (int i = 0; i < times; ++i) operation(*sheet);
     }
