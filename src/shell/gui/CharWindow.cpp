@@ -172,17 +172,6 @@ void CharWindow::RunCommand(const std::string& name) {
     else if (auto* edit = qobject_cast<QTextEdit*>(QApplication::focusWidget())) FormatSelection(*edit, name);
 }
 
-void FormatSelection(QTextEdit& edit, const std::string& command) {
-    if (command == "FormatBold") return ApplyStyle(edit, "Bold");
-    if (command == "FormatItalic") return ApplyStyle(edit, "Italic");
-    if (command == "FormatUnderline") return ApplyStyle(edit, "Underline");
-    // Sizes step by two from the size the text names (0: the default), never below 0.
-    const QTextCharFormat now = edit.textCursor().charFormat();
-    const int size = now.hasProperty(QTextFormat::FontPointSize) ? qRound(now.fontPointSize()) : 0;
-    if (command == "FormatBigger") ApplySize(edit, QString::number(size + 2));
-    if (command == "FormatSmaller") ApplySize(edit, QString::number(std::max(size - 2, 0)));
-}
-
 // Only the Tab menu's commands move its check marks; a click on a tab leaves them.
 void CharWindow::showTab(int tab) {
     tabs_->setCurrentIndex(tab);
@@ -215,7 +204,16 @@ QWidget* CharWindow::shown(const std::string& itemName) {
 // The free points the user places by clicking: green, with a hand cursor.
 QWidget* CharWindow::bonusNumber(const std::string& itemName) {
     QLabel* label = binder_->Label(itemName);
-    label->setStyleSheet("QLabel { color: #1a8f2a; font-weight: bold; }");
+    QPalette green = label->palette();
+    green.setColor(QPalette::WindowText, QColor(0x1a, 0x8f, 0x2a));
+    label->setPalette(green);
+    QFont bold = label->font();
+    bold.setBold(true);
+    label->setFont(bold);
+    // Of a fixed size: a recomputation rewrites these numbers, and a label that may change
+    // size makes the tab widget lay out and repaint the whole page at every new number.
+    label->setFixedSize(label->fontMetrics().horizontalAdvance("-8888"),
+                        label->fontMetrics().height() + 4);
     label->setCursor(Qt::PointingHandCursor);
     label->setAlignment(Qt::AlignCenter);
     label->setToolTip("Click to place a free point here");
