@@ -16,6 +16,7 @@
 #include "shell/gui/ExportView.h"
 #include "shell/gui/JournalView.h"
 #include "shell/gui/PortraitView.h"
+#include "shell/gui/StyleBar.h"
 #include "shell/gui_test_app.h"
 
 namespace zeph::gui {
@@ -280,12 +281,15 @@ TEST_F(AppStart, TheJournalCrossesToItsWindowAndBackAtClosing) {
     auto* edit = journal->findChild<QTextEdit*>("JournalField");
     EXPECT_EQ(edit->toPlainText(), "Day one");
     sheet.savedChar = true;
-    FormatSelection(*edit, "FormatBold");  // a change of format is no edit
+    edit->selectAll();
+    journal->findChild<QAction*>("FormatBold")->trigger();  // on the journal's field, and no edit
     EXPECT_TRUE(sheet.savedChar);
-    edit->setPlainText("Day two");
+    edit->moveCursor(QTextCursor::End);
+    edit->insertPlainText(", rain");
     EXPECT_EQ(sheet.JournalField.Text(), "Day one");  // the sheet's copy waits for the close
     journal->close();
-    EXPECT_EQ(sheet.JournalField.Text(), "Day two");
+    EXPECT_EQ(sheet.JournalField.Text(), "Day one, rain");
+    EXPECT_TRUE(sheet.JournalField.Styled().runs.at(0).bold);
     EXPECT_FALSE(sheet.JournalField.Visible() || sheet.journalWindowIsOpen);
 }
 
