@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QHeaderView>
 #include <QDropEvent>
 #include <QKeyEvent>
@@ -71,6 +72,15 @@ QWidget* withArrows(QWidget* field, QWidget* arrowPair) {
     return pair;
 }
 
+// A tab's page never shrinks below what its widgets need: in a small window it scrolls.
+QWidget* scrolled(QWidget* page) {
+    auto* scroll = new QScrollArea;
+    scroll->setWidget(page);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    return scroll;
+}
+
 QGroupBox* group(const QString& title, QLayout* layout) {
     auto* box = new QGroupBox(title);
     box->setLayout(layout);
@@ -86,12 +96,12 @@ CharWindow::CharWindow(std::unique_ptr<CharacterSheet> sheet, QWidget* parent)
 
     tabs_ = new QTabWidget;
     tabs_->setObjectName("TabPanel1");
-    tabs_->addTab(attributesTab(), "Attributes");
-    tabs_->addTab(qualitiesTab(), "Qualities");
-    tabs_->addTab(skillsTab(), "Skills");
-    tabs_->addTab(metaphysicsTab(), "Metaphysics");
-    tabs_->addTab(descriptionTab(), "Description");
-    tabs_->addTab(equipmentTab(), "Equipment");
+    tabs_->addTab(scrolled(attributesTab()), "Attributes");
+    tabs_->addTab(scrolled(qualitiesTab()), "Qualities");
+    tabs_->addTab(scrolled(skillsTab()), "Skills");
+    tabs_->addTab(scrolled(metaphysicsTab()), "Metaphysics");
+    tabs_->addTab(scrolled(descriptionTab()), "Description");
+    tabs_->addTab(scrolled(equipmentTab()), "Equipment");
 
     auto* info = binder_->Label("InfoText");
     info->setWordWrap(true);
@@ -255,6 +265,7 @@ QWidget* CharWindow::styledField(const std::string& name) {
 
 QWidget* CharWindow::entryList(const std::string& name) {
     auto* list = static_cast<QTreeWidget*>(bound(name));
+    list->setMinimumHeight(list->fontMetrics().lineSpacing() * 8);
     list->installEventFilter(this);
     // Rows are moved by dragging; the drop is the sheet's to carry out.
     list->setDragDropMode(QAbstractItemView::InternalMove);
