@@ -176,7 +176,7 @@ void CharWindow::RunCommand(const std::string& name) {
     if (name == "FileClose") close();
     else if (name == "FileSave") call([&] { _FileSave_Action(*sheet_); });
     else if (name == "FileSaveAsCharacterFile") call([&] { _FileSaveAsCharacterFile_Action(*sheet_); });
-    else if (name == "FileExport") (new ExportView(*sheet_, this))->show();
+    else if (name == "FileExport") ShowInFront(*new ExportView(*sheet_, this));
     else if (name == "FileCharacterJournal") JournalView::OpenTheJournal(*sheet_, this, menus_);
     else if (name == "FileCharacterPortrait") PortraitView::Open(*sheet_, this, menus_);
     else if (auto* edit = qobject_cast<QTextEdit*>(QApplication::focusWidget())) FormatSelection(*edit, name);

@@ -33,7 +33,7 @@ void JournalView::OpenTheJournal(CharacterSheet& sheet, QWidget* parent, const M
     view->binder_->ShowAll();
     if (menus.recentItems) BuildMenuBar(*view, menus);
     view->resize(560, 480);
-    view->show();
+    ShowInFront(*view);
 }
 
 JournalView::JournalView(CharacterSheet& sheet, QWidget* parent) : QMainWindow(parent) {
