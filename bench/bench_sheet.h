@@ -35,6 +35,10 @@ struct BenchSheet {
     CharacterSheet sheet;
 };
 
+// Fills the sheet as a player would have: the file's last type and its first choice, six
+// attributes, and `qualityRows` quality rows carrying every kind of bonus column.
+void PrepareSheet(CharacterSheet& sheet, const RuleData& rules, int qualityRows);
+
 // Runs `work` on a `Fixture` over each file, in turns, and reports large over sample.
 template <class Fixture, class Work>
 void LargeOverSample(benchmark::State& state, Work work) {

@@ -8,13 +8,8 @@
 #include "rules/SecondaryAttributes.h"
 
 namespace zeph::bench {
-namespace {
 
-constexpr int kQualityRows = 30;
-
-// Fills the sheet as a player would have: the file's last type and its first choice, six
-// attributes, and 30 quality rows carrying every kind of bonus column.
-void PrepareSheet(CharacterSheet& sheet, const RuleData& rules) {
+void PrepareSheet(CharacterSheet& sheet, const RuleData& rules, int qualityRows) {
     XmlNodeList types = rules.Query("//charactertype/type");
     const std::string type = types.Item(types.Count() - 1).Attribute("value");
     const std::string choice =
@@ -26,7 +21,7 @@ void PrepareSheet(CharacterSheet& sheet, const RuleData& rules) {
 
     XmlNodeList names = rules.Query("//qualities/type/name");
     ListItem& list = sheet.QualityListBox;
-    for (int i = 0; i < kQualityRows; ++i) {
+    for (int i = 0; i < qualityRows; ++i) {
         list.AddRow(names.Item(i % names.Count()).Attribute("value"));
         const int row = list.LastIndex();
         list.SetCell(row, 1, std::to_string(1 + i % 3));
@@ -43,10 +38,12 @@ void PrepareSheet(CharacterSheet& sheet, const RuleData& rules) {
     }
 }
 
+namespace {
+
 // A sheet prepared on one rule data file.
 struct PreparedSheet : BenchSheet {
     explicit PreparedSheet(const std::string& path) : BenchSheet(path) {
-        PrepareSheet(sheet, *data.xdata);
+        PrepareSheet(sheet, *data.xdata, 30);
     }
 };
 

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <QtWidgets>
+#include <cstdio>
+#include <fstream>
 #include <memory>
 
 #include "platform/ScriptedPlatform.h"
@@ -16,6 +18,7 @@
 #include "shell/gui/ExportView.h"
 #include "shell/gui/JournalView.h"
 #include "shell/gui/PortraitView.h"
+#include "shell/gui/StyleBar.h"
 #include "shell/gui_test_app.h"
 
 namespace zeph::gui {
@@ -239,14 +242,67 @@ TEST_F(AppStart, ExportShowsTheCharacterInTheChosenForm) {
     EXPECT_EQ(view->windowTitle(), "Ann");
 }
 
-TEST_F(AppStart, ClosingAsksAndCancelKeepsTheWindow) {
+// A drawback bought by mouse on the Qualities tab: its attribute penalty and its points show
+// on the Attributes tab.
+TEST_F(AppStart, APurchaseClickedThroughTheQualitiesTabShowsInTheTotals) {
+    chooseType("Human", "Hero");
+    auto* dexterity = widget<QLineEdit>("DexterityField");
+    focus(dexterity, QEvent::FocusIn);
+    type(dexterity, "3");
+    focus(dexterity, QEvent::FocusOut);
+    action("TabQualities")->trigger();
+    auto* types = widget<QComboBox>("QualityTypePopup");
+    QMouseEvent press(QEvent::MouseButtonPress, QPointF(2, 2), QPointF(2, 2), Qt::LeftButton,
+                      Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(types, &press);
+    types->setCurrentIndex(types->findText("Physical"));
+    auto* qualities = widget<QComboBox>("QualityPopup");
+    ASSERT_GE(qualities->findText("Clumsy"), 0);
+    qualities->setCurrentIndex(qualities->findText("Clumsy"));
+    widget<QToolButton>("QualityUpDownArrows_Up")->click();
+    widget<QPushButton>("QualityRecordButton")->click();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(widget<QTreeWidget>("QualityListBox")->topLevelItem(0)->text(0), "Clumsy");
+    action("TabAttributes")->trigger();
+    EXPECT_EQ(widget<QLabel>("DexterityBonus")->text(), "-1");
+    EXPECT_EQ(widget<QLineEdit>("DexterityTotal")->text(), "2");
+    EXPECT_EQ(widget<QLineEdit>("DrawbackField")->text(), "-2/10");
+}
+
+// Rebuilt as it opens: "None" alone, then the shown windows by title with the front one checked.
+TEST_F(AppStart, TheWindowMenuListsTheShownWindows) {
+    auto* menu = widget<QMenu>("WindowMenu");
+    const auto captions = [menu] {
+        emit menu->aboutToShow();
+        QStringList all;
+        for (QAction* item : menu->actions()) all << item->text() + (item->isChecked() ? "*" : "");
+        return all;
+    };
+    window_->show();
+    EXPECT_EQ(captions(), QStringList({"None"}));
+    EXPECT_FALSE(menu->actions().at(0)->isEnabled());
+    QMainWindow other;
+    other.setWindowTitle("Ann");
+    other.show();
+    QApplication::setActiveWindow(window_.get());
+    EXPECT_EQ(captions(), QStringList({"Ann", window_->windowTitle() + "*"}));
+}
+
+TEST_F(AppStart, ClosingAsksCancelKeepsTheWindowSaveAndDontSaveCloseIt) {
     window_->show();
     sheet().savedChar = false;
     platform_.QueueAnswer("Cancel");
     EXPECT_FALSE(window_->close());
+    const std::string path = ::testing::TempDir() + "closing_asks.xml";
+    std::remove(path.c_str());
+    platform_.QueueAnswer("Save");
+    platform_.QueueAnswer(path);
+    EXPECT_TRUE(window_->close());
+    EXPECT_TRUE(std::ifstream(path).good()) << "saved on the way out";
+    window_->show();
+    sheet().savedChar = false;
     platform_.QueueAnswer("Don't Save");
     EXPECT_TRUE(window_->close());
-    EXPECT_EQ(platform_.Transcript().size(), 2u);
 }
 
 TEST_F(AppStart, StyledFieldsCarryFontSizeAndColourBothWays) {
@@ -280,12 +336,15 @@ TEST_F(AppStart, TheJournalCrossesToItsWindowAndBackAtClosing) {
     auto* edit = journal->findChild<QTextEdit*>("JournalField");
     EXPECT_EQ(edit->toPlainText(), "Day one");
     sheet.savedChar = true;
-    FormatSelection(*edit, "FormatBold");  // a change of format is no edit
+    edit->selectAll();
+    journal->findChild<QAction*>("FormatBold")->trigger();  // on the journal's field, and no edit
     EXPECT_TRUE(sheet.savedChar);
-    edit->setPlainText("Day two");
+    edit->moveCursor(QTextCursor::End);
+    edit->insertPlainText(", rain");
     EXPECT_EQ(sheet.JournalField.Text(), "Day one");  // the sheet's copy waits for the close
     journal->close();
-    EXPECT_EQ(sheet.JournalField.Text(), "Day two");
+    EXPECT_EQ(sheet.JournalField.Text(), "Day one, rain");
+    EXPECT_TRUE(sheet.JournalField.Styled().runs.at(0).bold);
     EXPECT_FALSE(sheet.JournalField.Visible() || sheet.journalWindowIsOpen);
 }
 

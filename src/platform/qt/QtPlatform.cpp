@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QVBoxLayout>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QStringList>
 #include <QUrl>
@@ -16,8 +17,22 @@ namespace {
 
 QString q(const std::string& text) { return QString::fromStdString(text); }
 
-// Dialogs sit over whichever window the user is working in, if any.
-QWidget* dialogParent() { return QApplication::activeWindow(); }
+// A dialog sits over whichever window the user is working in, if any, and gives it the focus
+// back when it closes: without a window manager no one else does, and that window's menu
+// shortcuts would stay dead until it is clicked.
+class DialogParent {
+  public:
+    DialogParent() : window_(QApplication::activeWindow()) {}
+    ~DialogParent() {
+        if (window_) window_->activateWindow();
+    }
+    DialogParent(const DialogParent&) = delete;
+    DialogParent& operator=(const DialogParent&) = delete;
+    operator QWidget*() const { return window_; }
+
+  private:
+    QPointer<QWidget> window_;
+};
 
 std::optional<std::string> chosen(const QString& path) {
     if (path.isEmpty()) return std::nullopt;
@@ -34,7 +49,8 @@ QString FileDialogFilter(const FileType& type) {
 }
 
 void QtPlatform::MsgBox(const std::string& text) {
-    QMessageBox box(dialogParent());
+    DialogParent parent;
+    QMessageBox box(parent);
     box.setWindowTitle(QApplication::applicationName());
     box.setText(q(text));
     box.exec();
@@ -42,23 +58,26 @@ void QtPlatform::MsgBox(const std::string& text) {
 
 std::optional<std::string> QtPlatform::OpenFileDialog(const FileType& type,
                                                       const std::string& folder) {
-    return chosen(
-        QFileDialog::getOpenFileName(dialogParent(), "Open", q(folder), FileDialogFilter(type)));
+    DialogParent parent;
+    return chosen(QFileDialog::getOpenFileName(parent, "Open", q(folder), FileDialogFilter(type)));
 }
 
 std::optional<std::string> QtPlatform::SaveFileDialog(const FileType& type,
                                                       const std::string& suggestedName) {
-    return chosen(QFileDialog::getSaveFileName(dialogParent(), "Save", q(suggestedName),
+    DialogParent parent;
+    return chosen(QFileDialog::getSaveFileName(parent, "Save", q(suggestedName),
                                                FileDialogFilter(type)));
 }
 
 std::optional<std::string> QtPlatform::SelectFolderDialog(const std::string& prompt) {
-    return chosen(QFileDialog::getExistingDirectory(dialogParent(), q(prompt)));
+    DialogParent parent;
+    return chosen(QFileDialog::getExistingDirectory(parent, q(prompt)));
 }
 
 SaveChangesAnswer QtPlatform::AskSaveChanges(const std::string& message,
                                              const std::string& explanation) {
-    QMessageBox box(dialogParent());
+    DialogParent parent;
+    QMessageBox box(parent);
     box.setWindowTitle(QApplication::applicationName());
     box.setIcon(QMessageBox::Warning);
     box.setText(q(message));

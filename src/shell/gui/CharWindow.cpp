@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QHeaderView>
 #include <QDropEvent>
 #include <QKeyEvent>
@@ -71,6 +72,15 @@ QWidget* withArrows(QWidget* field, QWidget* arrowPair) {
     return pair;
 }
 
+// A tab's page never shrinks below what its widgets need: in a small window it scrolls.
+QWidget* scrolled(QWidget* page) {
+    auto* scroll = new QScrollArea;
+    scroll->setWidget(page);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    return scroll;
+}
+
 QGroupBox* group(const QString& title, QLayout* layout) {
     auto* box = new QGroupBox(title);
     box->setLayout(layout);
@@ -86,12 +96,12 @@ CharWindow::CharWindow(std::unique_ptr<CharacterSheet> sheet, QWidget* parent)
 
     tabs_ = new QTabWidget;
     tabs_->setObjectName("TabPanel1");
-    tabs_->addTab(attributesTab(), "Attributes");
-    tabs_->addTab(qualitiesTab(), "Qualities");
-    tabs_->addTab(skillsTab(), "Skills");
-    tabs_->addTab(metaphysicsTab(), "Metaphysics");
-    tabs_->addTab(descriptionTab(), "Description");
-    tabs_->addTab(equipmentTab(), "Equipment");
+    tabs_->addTab(scrolled(attributesTab()), "Attributes");
+    tabs_->addTab(scrolled(qualitiesTab()), "Qualities");
+    tabs_->addTab(scrolled(skillsTab()), "Skills");
+    tabs_->addTab(scrolled(metaphysicsTab()), "Metaphysics");
+    tabs_->addTab(scrolled(descriptionTab()), "Description");
+    tabs_->addTab(scrolled(equipmentTab()), "Equipment");
 
     auto* info = binder_->Label("InfoText");
     info->setWordWrap(true);
@@ -166,21 +176,10 @@ void CharWindow::RunCommand(const std::string& name) {
     if (name == "FileClose") close();
     else if (name == "FileSave") call([&] { _FileSave_Action(*sheet_); });
     else if (name == "FileSaveAsCharacterFile") call([&] { _FileSaveAsCharacterFile_Action(*sheet_); });
-    else if (name == "FileExport") (new ExportView(*sheet_, this))->show();
+    else if (name == "FileExport") ShowInFront(*new ExportView(*sheet_, this));
     else if (name == "FileCharacterJournal") JournalView::OpenTheJournal(*sheet_, this, menus_);
     else if (name == "FileCharacterPortrait") PortraitView::Open(*sheet_, this, menus_);
     else if (auto* edit = qobject_cast<QTextEdit*>(QApplication::focusWidget())) FormatSelection(*edit, name);
-}
-
-void FormatSelection(QTextEdit& edit, const std::string& command) {
-    if (command == "FormatBold") return ApplyStyle(edit, "Bold");
-    if (command == "FormatItalic") return ApplyStyle(edit, "Italic");
-    if (command == "FormatUnderline") return ApplyStyle(edit, "Underline");
-    // Sizes step by two from the size the text names (0: the default), never below 0.
-    const QTextCharFormat now = edit.textCursor().charFormat();
-    const int size = now.hasProperty(QTextFormat::FontPointSize) ? qRound(now.fontPointSize()) : 0;
-    if (command == "FormatBigger") ApplySize(edit, QString::number(size + 2));
-    if (command == "FormatSmaller") ApplySize(edit, QString::number(std::max(size - 2, 0)));
 }
 
 // Only the Tab menu's commands move its check marks; a click on a tab leaves them.
@@ -215,7 +214,16 @@ QWidget* CharWindow::shown(const std::string& itemName) {
 // The free points the user places by clicking: green, with a hand cursor.
 QWidget* CharWindow::bonusNumber(const std::string& itemName) {
     QLabel* label = binder_->Label(itemName);
-    label->setStyleSheet("QLabel { color: #1a8f2a; font-weight: bold; }");
+    QPalette green = label->palette();
+    green.setColor(QPalette::WindowText, QColor(0x1a, 0x8f, 0x2a));
+    label->setPalette(green);
+    QFont bold = label->font();
+    bold.setBold(true);
+    label->setFont(bold);
+    // Of a fixed size: a recomputation rewrites these numbers, and a label that may change
+    // size makes the tab widget lay out and repaint the whole page at every new number.
+    label->setFixedSize(label->fontMetrics().horizontalAdvance("-8888"),
+                        label->fontMetrics().height() + 4);
     label->setCursor(Qt::PointingHandCursor);
     label->setAlignment(Qt::AlignCenter);
     label->setToolTip("Click to place a free point here");
@@ -257,6 +265,7 @@ QWidget* CharWindow::styledField(const std::string& name) {
 
 QWidget* CharWindow::entryList(const std::string& name) {
     auto* list = static_cast<QTreeWidget*>(bound(name));
+    list->setMinimumHeight(list->fontMetrics().lineSpacing() * 8);
     list->installEventFilter(this);
     // Rows are moved by dragging; the drop is the sheet's to carry out.
     list->setDragDropMode(QAbstractItemView::InternalMove);

@@ -12,7 +12,6 @@
 
 class QCloseEvent;
 class QGridLayout;
-class QTextEdit;
 class QTreeWidget;
 class QTabWidget;
 class QTimer;
@@ -24,9 +23,6 @@ class CharacterSheet;
 namespace zeph::gui {
 
 class SheetBinder;
-
-// The Format menu's commands on the selection of a styled field.
-void FormatSelection(QTextEdit& edit, const std::string& command);
 
 class CharWindow : public QMainWindow, public CommandTarget {
   public:

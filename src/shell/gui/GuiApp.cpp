@@ -52,7 +52,7 @@ CharWindow* GuiApp::makeWindow() {
 
 CharWindow* GuiApp::NewWindow() {
     CharWindow* window = makeWindow();
-    if (window) window->show();
+    if (window) ShowInFront(*window);
     return window;
 }
 
@@ -66,9 +66,7 @@ void GuiApp::OpenCharacter(const std::string& path) {
         window->deleteLater();
         return;
     }
-    window->show();
-    window->raise();
-    window->activateWindow();
+    ShowInFront(*window);
 }
 
 bool GuiApp::CloseAll() {

@@ -66,7 +66,11 @@ class LabelBinding : public ItemBinding {
         : ItemBinding(sheet, item, label, std::move(call)), item_(item), label_(label) {}
 
   protected:
-    void show(ItemChange) override { label_.setText(q(item_.Text())); }
+    // A label's new text lays out its parents again, even when it is the same text.
+    void show(ItemChange) override {
+        const QString text = q(item_.Text());
+        if (label_.text() != text) label_.setText(text);
+    }
 
   private:
     TextItem& item_;

@@ -24,6 +24,7 @@ void JournalView::OpenTheJournal(CharacterSheet& sheet, QWidget* parent, const M
     auto* central = new QWidget;
     auto* layout = new QVBoxLayout(central);
     auto* field = static_cast<QTextEdit*>(view->binder_->StyledField(view->journal_->Field()));
+    view->field_ = field;
     const auto journal = [field] { return field; };
     layout->addWidget(MakeStyleBar({"StylesBevelButton", "FontsBevelButton", "SizeButton", "12",
                                     journal, journal, journal, journal}));
@@ -32,7 +33,7 @@ void JournalView::OpenTheJournal(CharacterSheet& sheet, QWidget* parent, const M
     view->binder_->ShowAll();
     if (menus.recentItems) BuildMenuBar(*view, menus);
     view->resize(560, 480);
-    view->show();
+    ShowInFront(*view);
 }
 
 JournalView::JournalView(CharacterSheet& sheet, QWidget* parent) : QMainWindow(parent) {
@@ -42,6 +43,15 @@ JournalView::JournalView(CharacterSheet& sheet, QWidget* parent) : QMainWindow(p
 }
 
 JournalView::~JournalView() { binder_.reset(); }
+
+bool JournalView::HandlesCommand(const std::string& name) const {
+    return name == "FileClose" || name.rfind("Format", 0) == 0;
+}
+
+void JournalView::RunCommand(const std::string& name) {
+    if (name == "FileClose") close();
+    else FormatSelection(*field_, name);
+}
 
 void JournalView::closeEvent(QCloseEvent* event) {
     if (journal_) CallCore([&] { journal_->Event_Close(); });

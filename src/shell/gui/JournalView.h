@@ -7,6 +7,8 @@
 
 #include "shell/gui/Menus.h"
 
+class QTextEdit;
+
 namespace zeph {
 class CharacterSheet;
 class Journal;
@@ -22,8 +24,9 @@ class JournalView : public QMainWindow, public CommandTarget {
     static void OpenTheJournal(CharacterSheet& sheet, QWidget* parent, const MenuSources& menus);
     ~JournalView() override;
 
-    bool HandlesCommand(const std::string& name) const override { return name == "FileClose"; }
-    void RunCommand(const std::string&) override { close(); }
+    // Closing, and the Format menu on the journal's field.
+    bool HandlesCommand(const std::string& name) const override;
+    void RunCommand(const std::string& name) override;
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -34,6 +37,7 @@ class JournalView : public QMainWindow, public CommandTarget {
     std::unique_ptr<Journal> journal_;
     // After the journal, so the binding lets go of its field first.
     std::unique_ptr<SheetBinder> binder_;
+    QTextEdit* field_ = nullptr;
 };
 
 }  // namespace zeph::gui

@@ -91,6 +91,12 @@ const char* textSlot(const std::string& name) {
 
 }  // namespace
 
+void ShowInFront(QWidget& window) {
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
 void BuildWindowsMenu(QMenu& menu) {
     menu.clear();
     std::vector<std::pair<QString, QWidget*>> windows;
@@ -108,11 +114,7 @@ void BuildWindowsMenu(QMenu& menu) {
         QAction* item = menu.addAction(title);
         item->setCheckable(true);
         item->setChecked(window == front);
-        QObject::connect(item, &QAction::triggered, window, [target = window] {
-            target->show();
-            target->raise();
-            target->activateWindow();
-        });
+        QObject::connect(item, &QAction::triggered, window, [target = window] { ShowInFront(*target); });
     }
 }
 

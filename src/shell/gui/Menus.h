@@ -10,6 +10,7 @@
 
 class QMainWindow;
 class QMenu;
+class QWidget;
 
 namespace zeph::gui {
 
@@ -30,6 +31,10 @@ struct MenuSources {
 
 // Gives `window` its menu bar; `window` answers first when it is a CommandTarget.
 void BuildMenuBar(QMainWindow& window, const MenuSources& sources);
+
+// Shows a window and gives it the focus: without a window manager a new window gets none, and
+// its menu shortcuts stay dead until it is clicked.
+void ShowInFront(QWidget& window);
 
 // Refills the Window menu: the visible document windows sorted by title, the front one checked;
 // "None", disabled, when fewer than two are open.

@@ -45,7 +45,7 @@ void PortraitView::Open(CharacterSheet& sheet, QWidget* parent, const MenuSource
         else
             view->showPicture(picture);
     }
-    view->show();
+    ShowInFront(*view);
 }
 
 PortraitView::PortraitView(CharacterSheet& sheet, QWidget* parent)

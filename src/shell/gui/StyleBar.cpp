@@ -78,6 +78,17 @@ void ApplySize(QTextEdit& edit, const QString& size) {
     else edit.setCurrentCharFormat(plain);
 }
 
+void FormatSelection(QTextEdit& edit, const std::string& command) {
+    if (command == "FormatBold") return ApplyStyle(edit, "Bold");
+    if (command == "FormatItalic") return ApplyStyle(edit, "Italic");
+    if (command == "FormatUnderline") return ApplyStyle(edit, "Underline");
+    // Sizes step by two from the size the text names (0: the default), never below 0.
+    const QTextCharFormat now = edit.textCursor().charFormat();
+    const int size = now.hasProperty(QTextFormat::FontPointSize) ? qRound(now.fontPointSize()) : 0;
+    if (command == "FormatBigger") ApplySize(edit, QString::number(size + 2));
+    if (command == "FormatSmaller") ApplySize(edit, QString::number(std::max(size - 2, 0)));
+}
+
 QWidget* MakeStyleBar(const StyleBarParts& parts) {
     auto* bar = new QWidget;
     auto* layout = new QHBoxLayout(bar);

@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <functional>
+#include <string>
 
 class QTextEdit;
 class QWidget;
@@ -26,5 +27,7 @@ QWidget* MakeStyleBar(const StyleBarParts& parts);
 void ApplyStyle(QTextEdit& edit, const QString& style);
 // The size, as the box's text read as a whole number; 0 or less is the default size.
 void ApplySize(QTextEdit& edit, const QString& size);
+// The Format menu's commands ("FormatBold", "FormatBigger", ...) on the selection.
+void FormatSelection(QTextEdit& edit, const std::string& command);
 
 }  // namespace zeph::gui
