@@ -1,0 +1,120 @@
+// The Load Data window over real files: the list from the preferences, removing, adding,
+// loading, and the list kept on the way out.
+#include <gtest/gtest.h>
+
+#include "shell/App.h"
+#include "support/SheetFixture.h"
+#include "tools/DataFileManager.h"
+
+namespace zeph {
+namespace {
+
+using testing::TempFolder;
+
+const char* const kRules =
+    "<zephalondata books=\"WC\" fullref=\"Ref %\"><tabledata><table name=\"T "
+    "%\"/></tabledata></zephalondata>";
+
+std::string rules(const std::string& tag) {
+    std::string text = kRules;
+    for (std::size_t at; (at = text.find('%')) != std::string::npos;) text.replace(at, 1, tag);
+    return text;
+}
+
+struct Manager {
+    explicit Manager(const std::string& tag) : folder(tag) {}
+    std::unique_ptr<LoadDataWindow> Open() {
+        return std::make_unique<LoadDataWindow>(
+            data, platform, [this](const std::string& path) { return app.LoadDataFile(path); });
+    }
+    TempFolder folder;
+    ScriptedPlatform platform{folder.path.string(), "", ""};
+    DataModule data;
+    App app{data, platform};
+};
+
+TEST(LoadDataWindow, ListsRemovesAndLoadsTheKnownFiles) {
+    Manager m("datafiles-list");
+    const std::string one = m.folder.Write("one.xml", rules("1")),
+                      two = m.folder.Write("two.xml", rules("2"));
+    m.folder.Write("zephalonprefs.xml",
+                   "<zephalonprefs><datafiles name=\"One\" filename=\"one.xml\" path=\"" + one +
+                       "\"/><datafiles name=\"Two\" filename=\"two.xml\" path=\"" + two +
+                       "\"/><datafiles name=\"Gone\" path=\"/no/gone.xml\"/></zephalonprefs>");
+    m.data.datafilepath = two;
+    auto window = m.Open();
+    ASSERT_EQ(window->ListBox1.ListCount(), 3);
+    EXPECT_TRUE(window->ListBox1.CellBold(1, 0) && window->ListBox1.CellBold(1, 2) &&
+                window->ListBox1.Selected(1));
+    EXPECT_FALSE(window->ListBox1.CellBold(0, 0));
+    EXPECT_EQ(window->PathText.Text(), "Path to folder-- " + two);
+    EXPECT_TRUE(window->PathText.Visible());
+
+    window->ListBox1.SetListIndex(2);
+    window->LoadButton_Action();
+    EXPECT_EQ(m.platform.Messages().back(),
+              "This file can no longer be located. It has been removed from the "
+              "list. Please choose another.");
+    EXPECT_EQ(window->ListBox1.ListCount(), 2);
+    EXPECT_FALSE(window->Closed() || window->PathText.Visible());
+
+    window->ListBox1.SetListIndex(1);
+    window->ListBox1_KeyDown("9");
+    window->ListBox1_KeyDown("8");
+    ASSERT_EQ(window->ListBox1.ListCount(), 1);
+    window->ListBox1.SetListIndex(0);
+    window->LoadButton_Action();
+    EXPECT_TRUE(window->Closed());
+    EXPECT_EQ(m.data.datafilepath, one);
+    EXPECT_EQ(m.data.referenceTables, std::vector<std::string>{"T 1"});
+    EXPECT_EQ(m.Open()->ListBox1.ListCount(), 1);  // the list was stored on the way out
+}
+
+TEST(LoadDataWindow, AddsFilesOneByOneAndFromAFolderTree) {
+    Manager m("datafiles-add");
+    m.data.datafilepath = "/rules.xml";
+    auto window = m.Open();
+    EXPECT_EQ(window->ListBox1.ListCount(), 0);  // no preferences file yet
+    m.platform.QueueAnswer(m.folder.Write("one.xml", rules("1")));
+    window->AddFileButton_Action();
+    ASSERT_EQ(window->ListBox1.ListCount(), 1);
+    EXPECT_EQ(window->ListBox1.ListIndex(), 0);
+    EXPECT_EQ(window->ListBox1.Cell(0, 0) + "|" + window->ListBox1.Cell(0, 1), "Ref 1|one.xml");
+
+    std::filesystem::create_directories(m.folder.path / "tree/b");
+    m.folder.Write("tree/a.xml", rules("a"));
+    m.folder.Write("tree/b/bad.xml", "<zephalondata>");
+    m.folder.Write("tree/b/c.xml", rules("c"));  // after the bad file: not searched
+    m.folder.Write("tree/d.XML", "<zephalondata/>");
+    m.folder.Write("tree/e.txt", rules("e"));
+    m.folder.Write("tree/f.xml", "<other/>");
+    m.platform.QueueAnswer(m.folder.At("tree"));
+    window->AddfromFolderButton_Action();
+    ASSERT_EQ(window->ListBox1.ListCount(), 3);
+    EXPECT_EQ(window->ListBox1.Cell(1, 1) + "|" + window->ListBox1.Cell(2, 0) + "|" +
+                  window->ListBox1.Cell(2, 1),
+              "a.xml||d.XML");
+    EXPECT_EQ(window->ListBox1.ListIndex(), 0);
+    const std::string& failure = m.platform.Messages().back();
+    EXPECT_EQ(failure.substr(failure.find('\n')), "\nIn file: bad.xml\nFile note added.");
+
+    m.platform.QueueAnswer(m.folder.At("tree/b/bad.xml"));
+    EXPECT_THROW(window->AddFileButton_Action(), XmlError);
+    window->Close();
+    EXPECT_EQ(m.data.knowndatafiles.size(), 3u);
+    EXPECT_EQ(m.Open()->ListBox1.ListCount(), 3);
+}
+
+TEST(LoadDataWindow, WithoutAPreferencesFolderAsksForADataFile) {
+    DataModule data;
+    ScriptedPlatform platform("", "", "");
+    platform.QueueAnswer("/some/rules.xml");
+    LoadDataWindow window(data, platform, [](const std::string&) { return true; });
+    EXPECT_EQ(platform.Messages(), std::vector<std::string>{kChooseDataFileMessage});
+    EXPECT_EQ(data.datafilepath, "/some/rules.xml");
+    EXPECT_THROW(LoadDataWindow(data, platform, [](const std::string&) { return true; }),
+                 QuitRequest);
+}
+
+}  // namespace
+}  // namespace zeph

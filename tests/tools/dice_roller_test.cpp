@@ -1,0 +1,93 @@
+// The dice roller with decided draws: the rule of ten, the three modes, the boxes' interplay.
+#include <gtest/gtest.h>
+
+#include "tools/DiceRoller.h"
+#include "tools/RandomSource.h"
+
+namespace zeph {
+namespace {
+
+struct RollCase {
+    const char* name;
+    const char* mode;  // "plain", "skill" or "armor"
+    const char* die;
+    const char* add;
+    const char* multiplier;
+    std::vector<int> draws;
+    const char* line;
+};
+
+class DiceRoll : public ::testing::TestWithParam<RollCase> {};
+
+TEST_P(DiceRoll, LogsTheLine) {
+    const RollCase& c = GetParam();
+    QueuedRandom random;
+    for (int draw : c.draws) random.Queue(draw);
+    DiceWindow dice(random);
+    dice.SkillRollCheckBox.SetValue(std::string(c.mode) == "skill");
+    dice.ArmorRollCheckBox.SetValue(std::string(c.mode) == "armor");
+    dice.ArmorAddCombo.SetText("3");
+    if (std::string(c.mode) != "skill") dice.DiePopup.SetText(c.die);
+    dice.AddCombo.SetText(c.add);
+    dice.MultiplierCombo.SetText(c.multiplier);
+    dice.RollButton_Action();  // a draw beyond those queued throws
+    EXPECT_EQ(dice.EditField1.Text(), std::string(c.line) + "\n\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, DiceRoll,
+    ::testing::Values(
+        RollCase{"Plain", "plain", "D4", "3", "1", {4}, "Roll: 4 Total: 7"},
+        RollCase{"PlainMultiplied", "plain", "D20", "2", "3", {20}, "Roll: 20 Total: 66"},
+        RollCase{"PlainOneRollsNoMore", "plain", "D10", "0", "1", {1}, "Roll: 1 Total: 1"},
+        RollCase{"PlainFractionDropped", "plain", "D6", "1.5", "1", {2}, "Roll: 2 Total: 3"},
+        RollCase{"EmptyAddCountsZero", "plain", "D8", "", "2", {5}, "Roll: 5 Total: 10"},
+        RollCase{"WordAddCountsZero", "plain", "D8", "many", "1", {5}, "Roll: 5 Total: 5"},
+        RollCase{"EmptyMultiplier", "plain", "D12", "4", "", {12}, "Roll: 12 Total: 0"},
+        RollCase{"Armor", "armor", "D4", "1", "2", {4}, "Roll: 4 Total: 13"},
+        RollCase{
+            "TensChain", "skill", "", "3", "5", {10, 10, 7}, "Roll: 10 Roll: 10 Roll: 7 Total: 20"},
+        RollCase{"TenThenSix", "skill", "", "0", "1", {10, 6}, "Roll: 10 Roll: 6 Total: 11"},
+        RollCase{"TenThenNine", "skill", "", "0", "1", {10, 9}, "Roll: 10 Roll: 9 Total: 14"},
+        RollCase{"TenThenFive", "skill", "", "0", "1", {10, 5}, "Roll: 10 Roll: 5 Total: 10"},
+        RollCase{
+            "OnesChain", "skill", "", "0", "1", {1, 1, 3}, "Roll: 1 Roll: 1 Roll: 3 Total: -6"},
+        RollCase{"OneThenTwo", "skill", "", "0", "1", {1, 2}, "Roll: 1 Roll: 2 Total: -2"},
+        RollCase{"OneThenFour", "skill", "", "2", "1", {1, 4}, "Roll: 1 Roll: 4 Total: 2"},
+        RollCase{"OneThenFive", "skill", "", "0", "1", {1, 5}, "Roll: 1 Roll: 5 Total: 1"},
+        RollCase{"SkillFraction", "skill", "", "0.5", "1", {7}, "Roll: 7 Total: 7.5"}),
+    [](const auto& c) { return std::string(c.param.name); });
+
+TEST(DiceWindow, BoxesSwitchModesAndTheLogGrowsAtTheTop) {
+    QueuedRandom random;
+    DiceWindow dice(random);
+    dice.SkillRollCheckBox.SetValue(true);
+    EXPECT_EQ(dice.DiePopup.Text(), "D10");
+    EXPECT_FALSE(dice.DiePopup.Enabled() || dice.MultiplierCombo.Visible() ||
+                 dice.MultText.Visible());
+
+    dice.ArmorRollCheckBox.SetValue(true);
+    EXPECT_FALSE(dice.SkillRollCheckBox.Value());
+    EXPECT_TRUE(dice.DiePopup.Enabled() && dice.MultiplierCombo.Visible() &&
+                dice.ArmorAddCombo.Visible() && dice.LeftBracketText.Visible() &&
+                dice.RightBracketText.Visible() && dice.SecondAddText.Visible());
+    EXPECT_EQ(dice.DiePopup.Text(), "D10");
+
+    // From armor straight to skill: the armor box's operation turns the skill box off again,
+    // and the skill box's own operation ends as it began.
+    dice.SkillRollCheckBox.SetValue(true);
+    EXPECT_FALSE(dice.SkillRollCheckBox.Value() || dice.ArmorRollCheckBox.Value());
+    EXPECT_FALSE(dice.ArmorAddCombo.Visible() || dice.SecondAddText.Visible() ||
+                 dice.MultiplierCombo.Visible());
+    EXPECT_FALSE(dice.DiePopup.Enabled());
+
+    for (int draw : {3, 8}) random.Queue(draw);
+    dice.RollButton_Action();
+    dice.RollButton_Action();
+    EXPECT_EQ(dice.EditField1.Text(), "Roll: 8 Total: 8\n\nRoll: 3 Total: 3\n\n");
+    dice.ClearButton_Action();
+    EXPECT_EQ(dice.EditField1.Text(), "");
+}
+
+}  // namespace
+}  // namespace zeph
