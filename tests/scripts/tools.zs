@@ -1,14 +1,18 @@
 # The tools as their menu items open them, each the target until `sheet`.
-data data/rules/sample.xml
-tool reference Weapon Ranges
-expect Title Weapon Ranges
-expect Width 360
-expect Height 66
-expect ListBox1.headings |Weapon|Short|Long|Remarks
-expect ListBox1.ColumnWidths 130,60,60,90
-expect ListBox1[1] 2|Revolver|15 m|45 m|-1 per extra range band
+data tests/data/reference_tables.xml
+tool reference Odds
+expect Title Odds
+# The empty heading takes no width: its 70 is lost and 50 moves one column left.
+expect ListBox1.headings Roll||Odds
+expect ListBox1.ColumnWidths 90,50
+expect Width 160
+expect Height 220
+expect ListBox1.ListCount 9
+expect ListBox1[0]  |b|
+expect ListBox1[1] 3|x|y
+tool reference Bare
+expect Width 20
 tool dice
-expect Title Die Roller
 rolls 10 10 7
 flag SkillRollCheckBox on
 expect DiePopup.enabled false
@@ -16,7 +20,8 @@ set AddCombo 3
 do RollButton_Action
 expect EditField1 Roll: 10 Roll: 10 Roll: 7 Total: 20\n\n
 tool about
-expect BooksinUseText Books Currently in Use: Zephalon Sample Book and Zephalon Mystic Companion
+expect BooksinUseText Books Currently in Use: Table Test Data
+answer error 7
 tool updates
 expect ProgressWheel1.visible true
 sheet
