@@ -315,8 +315,9 @@ class ListBinding : public ItemBinding {
             const bool percent = width.endsWith('%');
             if (percent) width.chop(1);
             const int size = width.toInt();
-            tree_.header()->resizeSection(
-                column, percent ? tree_.viewport()->width() * size / 100 : size);
+            // The viewport follows the list's own resize later; the list's inside is there now.
+            const int whole = tree_.contentsRect().width();
+            tree_.header()->resizeSection(column, percent ? whole * size / 100 : size);
         }
     }
 

@@ -60,7 +60,9 @@ void ToolView::Finish(QLayout* layout) {
     central->setLayout(layout);
     setCentralWidget(central);
     binder_->ShowAll();
-    resize(model_->Width(), model_->Height());
+    // The size is the view's; the menu bar, which this platform puts in the window, comes on top.
+    const int menuHeight = menuWidget() ? menuWidget()->sizeHint().height() : 0;
+    resize(model_->Width(), model_->Height() + menuHeight);
 }
 
 void ToolView::closeEvent(QCloseEvent* event) {
