@@ -49,6 +49,7 @@ TEST(LoadDataWindow, ListsRemovesAndLoadsTheKnownFiles) {
     auto window = m.Open();
     EXPECT_EQ(shown(window->ListBox1), "One|one.xml, *Two|two.xml <, Gone|");
     EXPECT_TRUE(window->ListBox1.CellBold(1, 2) && window->PathText.Visible());
+    EXPECT_EQ(window->ListBox1.ShownColumns(), 2);  // the path shows below, not in the list
     EXPECT_EQ(window->PathText.Text(), "Path to folder-- " + two);
 
     window->ListBox1.SetListIndex(2);
@@ -61,7 +62,8 @@ TEST(LoadDataWindow, ListsRemovesAndLoadsTheKnownFiles) {
 
     window->ListBox1.SetListIndex(1);
     window->ListBox1_KeyDown("9");
-    window->ListBox1_KeyDown("8");
+    EXPECT_EQ(window->ListBox1.ListCount(), 2);
+    window->ListBox1_KeyDown("16");
     window->ListBox1.SetListIndex(0);
     window->LoadButton_Action();
     EXPECT_TRUE(window->Closed());

@@ -77,6 +77,8 @@ TEST(DiceWindow, BoxesSwitchModesAndTheLogGrowsAtTheTop) {
     DiceWindow dice(random);
     dice.SkillRollCheckBox.SetValue(true);
     EXPECT_EQ(modeShown(dice), "10 D10 0000000");
+    dice.SkillRollCheckBox.SetValue(false);
+    EXPECT_EQ(modeShown(dice), "00 D10 1110000");
     dice.ArmorRollCheckBox.SetValue(true);
     EXPECT_EQ(modeShown(dice), "01 D10 1111111");
     // From armor straight to skill: the armor box's operation turns the skill box off again,
@@ -92,6 +94,8 @@ TEST(DiceWindow, BoxesSwitchModesAndTheLogGrowsAtTheTop) {
     EXPECT_EQ(dice.EditField1.Text(), "Roll: 8 Total: 8\n\nRoll: 3 Total: 3\n\n");
     dice.ClearButton_Action();
     EXPECT_EQ(dice.EditField1.Text(), "");
+    random.Queue(11);  // more than the die has: the script is told
+    EXPECT_THROW(dice.RollButton_Action(), std::runtime_error);
 }
 
 }  // namespace
