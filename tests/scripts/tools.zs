@@ -9,7 +9,6 @@ expect Width 160
 expect Height 220
 expect ListBox1.ListCount 9
 expect ListBox1[0]  |b|
-expect ListBox1[1] 3|x|y
 tool reference Bare
 expect Width 20
 tool dice

@@ -16,13 +16,12 @@
 namespace zeph {
 namespace {
 
-// The Qt platform's fetch, with messages, URLs and the temporary folder kept by the test.
+// The Qt platform's fetch, with messages, URLs and a temporary folder kept by the test.
 struct RecordingPlatform : QtPlatform {
-    explicit RecordingPlatform(std::string folder) : temporary(std::move(folder)) {}
     void MsgBox(const std::string& text) override { messages.push_back(text); }
     void ShowURL(const std::string& url) override { urls.push_back(url); }
-    std::string TemporaryFolder() override { return temporary; }
-    std::string temporary;
+    std::string TemporaryFolder() override { return temporary.path.string(); }
+    testing::TempFolder temporary{"update-check"};
     std::vector<std::string> messages, urls;
 };
 
@@ -66,8 +65,7 @@ TEST(CheckUpdatesWindow, ShowsTheFirstLineOfAnyAnswerOrTheCodeOfAFailure) {
                  {"404 Not Found", "<html>Gone</html>\nmore", "<html>Gone</html>"},
                  {nullptr, "", ""}};
     for (const auto& c : cases) {
-        testing::TempFolder temporary("update-check");
-        RecordingPlatform platform(temporary.path.string());
+        RecordingPlatform platform;
         auto server = std::make_unique<OneFileServer>(c.status, c.body);
         const std::string host = "127.0.0.1:" + std::to_string(server->server.serverPort());
         if (!c.status) server.reset();
@@ -84,8 +82,9 @@ TEST(CheckUpdatesWindow, ShowsTheFirstLineOfAnyAnswerOrTheCodeOfAFailure) {
             continue;
         }
         EXPECT_TRUE(server->request.startsWith("GET /Zephalon/zfversion.txt HTTP/1.1\r\n"));
-        EXPECT_TRUE(window.GrabNewVersionText.Visible() && platform.messages.empty());
-        EXPECT_TRUE(IsExistingFile(temporary.At("zephalonversion.txt")));
+        EXPECT_TRUE(window.GrabNewVersionText.Visible() && !window.ProgressWheel1.Visible());
+        EXPECT_TRUE(platform.messages.empty());
+        EXPECT_TRUE(IsExistingFile(platform.temporary.At("zephalonversion.txt")));
         window.GrabNewVersionText_MouseDown();
         EXPECT_EQ(platform.urls,
                   std::vector<std::string>{"http://" + host + "/Zephalon/Zephalon_Mac.zip"});

@@ -49,7 +49,9 @@ TEST(LoadDataWindow, ListsRemovesAndLoadsTheKnownFiles) {
     auto window = m.Open();
     EXPECT_EQ(shown(window->ListBox1), "One|one.xml, *Two|two.xml <, Gone|");
     EXPECT_TRUE(window->ListBox1.CellBold(1, 2) && window->PathText.Visible());
-    EXPECT_EQ(window->ListBox1.ShownColumns(), 2);  // the path shows below, not in the list
+    // Name on 60% of the width, file name on 40%; the path shows below, not in the list.
+    EXPECT_EQ(Str(window->ListBox1.ShownColumns()) + " " + window->ListBox1.ColumnWidths(),
+              "2 60%,40%");
     EXPECT_EQ(window->PathText.Text(), "Path to folder-- " + two);
 
     window->ListBox1.SetListIndex(2);
@@ -58,6 +60,7 @@ TEST(LoadDataWindow, ListsRemovesAndLoadsTheKnownFiles) {
               "This file can no longer be located. It has been removed from the list. Please "
               "choose another.");
     EXPECT_EQ(shown(window->ListBox1), "One|one.xml, *Two|two.xml");
+    window->LoadButton_Action();  // nothing selected now: nothing happens
     EXPECT_FALSE(window->Closed() || window->PathText.Visible());
 
     window->ListBox1.SetListIndex(1);
