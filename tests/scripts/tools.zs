@@ -15,6 +15,7 @@ tool dice
 rolls 10 10 7
 flag SkillRollCheckBox on
 expect DiePopup.enabled false
+expect AddCombo 0
 set AddCombo 3
 do RollButton_Action
 expect EditField1 Roll: 10 Roll: 10 Roll: 7 Total: 20\n\n

@@ -46,6 +46,7 @@ TEST(LoadDataWindow, ListsRemovesAndLoadsTheKnownFiles) {
                        "\"/><datafiles name=\"Two\" filename=\"two.xml\" path=\"" + two +
                        "\"/><datafiles name=\"Gone\" path=\"/no/gone.xml\"/></zephalonprefs>");
     m.data.datafilepath = two;
+    m.data.knowndatafiles = {"As read at start\rone.xml\r" + one};  // replaced at closing
     auto window = m.Open();
     EXPECT_EQ(shown(window->ListBox1), "One|one.xml, *Two|two.xml <, Gone|");
     EXPECT_TRUE(window->ListBox1.CellBold(1, 2) && window->PathText.Visible());
@@ -109,6 +110,7 @@ TEST(LoadDataWindow, WithoutAPreferencesFolderAsksForADataFile) {
     EXPECT_EQ(data.datafilepath, "/some/rules.xml");
     EXPECT_THROW(LoadDataWindow(data, platform, [](const std::string&) { return true; }),
                  QuitRequest);
+    EXPECT_TRUE(platform.QuitCalled() && platform.QuitCode() == 0);
 }
 
 }  // namespace
