@@ -7,58 +7,48 @@
 namespace zeph {
 namespace {
 
-struct RollCase {
-    const char* name;
-    const char* mode;  // "plain", "skill" or "armor"
-    const char* die;
-    const char* add;
-    const char* multiplier;
-    std::vector<int> draws;
-    const char* line;
-};
-
-void PrintTo(const RollCase& c, std::ostream* out) { *out << c.name; }
-
-class DiceRoll : public ::testing::TestWithParam<RollCase> {};
-
-TEST_P(DiceRoll, LogsTheLine) {
-    const RollCase& c = GetParam();
-    QueuedRandom random;
-    for (int draw : c.draws) random.Queue(draw);
-    DiceWindow dice(random);
-    dice.SkillRollCheckBox.SetValue(std::string(c.mode) == "skill");
-    dice.ArmorRollCheckBox.SetValue(std::string(c.mode) == "armor");
-    dice.ArmorAddCombo.SetText("3");
-    if (std::string(c.mode) != "skill") dice.DiePopup.SetText(c.die);
-    dice.AddCombo.SetText(c.add);
-    dice.MultiplierCombo.SetText(c.multiplier);
-    dice.RollButton_Action();  // a draw beyond those queued throws
-    EXPECT_EQ(dice.EditField1.Text(), std::string(c.line) + "\n\n");
+TEST(DiceWindow, LogsEachRollByTheRulesOfItsMode) {
+    const struct {
+        const char* name;
+        const char* mode;  // "plain", "skill" or "armor"
+        const char* die;
+        const char* add;
+        const char* multiplier;
+        std::vector<int> draws;
+        const char* line;
+    } cases[] = {
+        {"Plain", "plain", "D4", "3", "1", {4}, "Roll: 4 Total: 7"},
+        {"PlainMultiplied", "plain", "D20", "2", "3", {20}, "Roll: 20 Total: 66"},
+        {"PlainOneRollsNoMore", "plain", "D10", "0", "1", {1}, "Roll: 1 Total: 1"},
+        {"PlainFractionDropped", "plain", "D6", "1.5", "1", {2}, "Roll: 2 Total: 3"},
+        {"EmptyAddCountsZero", "plain", "D8", "", "2", {5}, "Roll: 5 Total: 10"},
+        {"WordAddCountsZero", "plain", "D8", "many", "1", {5}, "Roll: 5 Total: 5"},
+        {"EmptyMultiplier", "plain", "D12", "4", "", {12}, "Roll: 12 Total: 0"},
+        {"Armor", "armor", "D4", "1", "2", {4}, "Roll: 4 Total: 13"},
+        {"TensChain", "skill", "", "3", "5", {10, 10, 7}, "Roll: 10 Roll: 10 Roll: 7 Total: 20"},
+        {"TenThenSix", "skill", "", "0", "1", {10, 6}, "Roll: 10 Roll: 6 Total: 11"},
+        {"TenThenNine", "skill", "", "0", "1", {10, 9}, "Roll: 10 Roll: 9 Total: 14"},
+        {"TenThenFive", "skill", "", "0", "1", {10, 5}, "Roll: 10 Roll: 5 Total: 10"},
+        {"OnesChain", "skill", "", "0", "1", {1, 1, 3}, "Roll: 1 Roll: 1 Roll: 3 Total: -6"},
+        {"OneThenTwo", "skill", "", "0", "1", {1, 2}, "Roll: 1 Roll: 2 Total: -2"},
+        {"OneThenFour", "skill", "", "2", "1", {1, 4}, "Roll: 1 Roll: 4 Total: 2"},
+        {"OneThenFive", "skill", "", "0", "1", {1, 5}, "Roll: 1 Roll: 5 Total: 1"},
+        {"SkillFraction", "skill", "", "0.5", "1", {7}, "Roll: 7 Total: 7.5"},
+    };
+    for (const auto& c : cases) {
+        QueuedRandom random;
+        for (int draw : c.draws) random.Queue(draw);
+        DiceWindow dice(random);
+        dice.SkillRollCheckBox.SetValue(std::string(c.mode) == "skill");
+        dice.ArmorRollCheckBox.SetValue(std::string(c.mode) == "armor");
+        dice.ArmorAddCombo.SetText("3");
+        if (std::string(c.mode) != "skill") dice.DiePopup.SetText(c.die);
+        dice.AddCombo.SetText(c.add);
+        dice.MultiplierCombo.SetText(c.multiplier);
+        dice.RollButton_Action();  // a draw beyond those queued throws
+        EXPECT_EQ(dice.EditField1.Text(), std::string(c.line) + "\n\n") << c.name;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, DiceRoll,
-    ::testing::Values(
-        RollCase{"Plain", "plain", "D4", "3", "1", {4}, "Roll: 4 Total: 7"},
-        RollCase{"PlainMultiplied", "plain", "D20", "2", "3", {20}, "Roll: 20 Total: 66"},
-        RollCase{"PlainOneRollsNoMore", "plain", "D10", "0", "1", {1}, "Roll: 1 Total: 1"},
-        RollCase{"PlainFractionDropped", "plain", "D6", "1.5", "1", {2}, "Roll: 2 Total: 3"},
-        RollCase{"EmptyAddCountsZero", "plain", "D8", "", "2", {5}, "Roll: 5 Total: 10"},
-        RollCase{"WordAddCountsZero", "plain", "D8", "many", "1", {5}, "Roll: 5 Total: 5"},
-        RollCase{"EmptyMultiplier", "plain", "D12", "4", "", {12}, "Roll: 12 Total: 0"},
-        RollCase{"Armor", "armor", "D4", "1", "2", {4}, "Roll: 4 Total: 13"},
-        RollCase{
-            "TensChain", "skill", "", "3", "5", {10, 10, 7}, "Roll: 10 Roll: 10 Roll: 7 Total: 20"},
-        RollCase{"TenThenSix", "skill", "", "0", "1", {10, 6}, "Roll: 10 Roll: 6 Total: 11"},
-        RollCase{"TenThenNine", "skill", "", "0", "1", {10, 9}, "Roll: 10 Roll: 9 Total: 14"},
-        RollCase{"TenThenFive", "skill", "", "0", "1", {10, 5}, "Roll: 10 Roll: 5 Total: 10"},
-        RollCase{
-            "OnesChain", "skill", "", "0", "1", {1, 1, 3}, "Roll: 1 Roll: 1 Roll: 3 Total: -6"},
-        RollCase{"OneThenTwo", "skill", "", "0", "1", {1, 2}, "Roll: 1 Roll: 2 Total: -2"},
-        RollCase{"OneThenFour", "skill", "", "2", "1", {1, 4}, "Roll: 1 Roll: 4 Total: 2"},
-        RollCase{"OneThenFive", "skill", "", "0", "1", {1, 5}, "Roll: 1 Roll: 5 Total: 1"},
-        RollCase{"SkillFraction", "skill", "", "0.5", "1", {7}, "Roll: 7 Total: 7.5"}),
-    [](const auto& c) { return std::string(c.param.name); });
 
 // The boxes, the die, whether it can be chosen, and which parts of the formula show.
 std::string modeShown(const DiceWindow& d) {
