@@ -9,6 +9,11 @@
 #include "platform/Files.h"
 #include "shell/SheetOperations.h"
 #include "text/TextHelpers.h"
+#include "tools/About.h"
+#include "tools/DataFileManager.h"
+#include "tools/DiceRoller.h"
+#include "tools/ReferenceTable.h"
+#include "tools/UpdateCheck.h"
 
 namespace zeph {
 namespace {
@@ -102,7 +107,7 @@ void ScriptRunner::failUnreachedExpectations(std::istream& script) {
 }
 
 Item& ScriptRunner::item(const std::string& name) {
-    Item* found = sheet_->Items().Find(name);
+    Item* found = tool_ ? tool_->Items().Find(name) : sheet_->Items().Find(name);
     if (found == nullptr) throw ScriptError{"unknown item " + name};
     return *found;
 }
@@ -119,6 +124,23 @@ void ScriptRunner::runLine(const std::string& line) {
         return SaveAsFile(*sheet_);
     }
     if (command == "open") return openCharacter(rest);
+    if (command == "tool") {
+        auto [kind, name] = firstWord(rest);
+        return openTool(kind, name);
+    }
+    if (command == "sheet") {
+        tool_ = nullptr;
+        return;
+    }
+    if (command == "rolls") {
+        for (const std::string& draw : SplitFields(rest, ' ')) {
+            if (draw.empty()) continue;
+            if (draw.find_first_not_of("0123456789") != std::string::npos)
+                throw ScriptError{"rolls takes whole numbers, not " + draw};
+            rolls_.Queue(static_cast<int>(Whole(draw)));
+        }
+        return;
+    }
     if (command == "answer") {
         platform_.QueueAnswer(UnescapeLineEnds(rest));
         return;
@@ -147,7 +169,7 @@ void ScriptRunner::runLine(const std::string& line) {
 
     auto [name, text] = firstWord(rest);
     if (command == "set") {
-        if (const auto* property = sheet_->Properties().Find(name)) {
+        if (const auto* property = tool_ ? nullptr : sheet_->Properties().Find(name)) {
             property->set(UnescapeLineEnds(text));
             return;
         }
@@ -180,6 +202,11 @@ void ScriptRunner::runLine(const std::string& line) {
 }
 
 void ScriptRunner::doOperation(const std::string& name, const std::string& argument) {
+    if (tool_) {
+        const ToolModel::Operation* operation = tool_->FindOperation(name);
+        if (operation == nullptr) throw ScriptError{"unknown operation " + name};
+        return (*operation)(argument);
+    }
     const OperationTable& operations = SheetOperations();
     auto found = operations.find(name);
     if (found != operations.end()) {
@@ -199,6 +226,27 @@ void ScriptRunner::doOperation(const std::string& name, const std::string& argum
     if (name == "DataModule.SaveDataFilePreferences")
         return data_.SaveDataFilePreferences(platform_);
     throw ScriptError{"unknown operation " + name};
+}
+
+void ScriptRunner::openTool(const std::string& kind, const std::string& name) {
+    std::unique_ptr<ToolModel> tool;
+    if (kind == "dice") {
+        tool = std::make_unique<DiceWindow>(rolls_);
+    } else if (kind == "reference") {
+        tool = ReferenceTableMenuItem_Action(*data_.xdata, platform_, name);
+        if (!tool) return;  // the failure is shown; no view opens
+    } else if (kind == "about") {
+        tool = std::make_unique<AboutWindow>(*data_.xdata, data_.zephalondata);
+    } else if (kind == "datafiles") {
+        tool = std::make_unique<LoadDataWindow>(
+            data_, platform_, [this](const std::string& path) { return app_.LoadDataFile(path); });
+    } else if (kind == "updates") {
+        tool = std::make_unique<CheckUpdatesWindow>(platform_);
+    } else {
+        throw ScriptError{"unknown tool " + kind + "; dice, reference, about, datafiles or updates"};
+    }
+    tools_.push_back(std::move(tool));
+    tool_ = tools_.back().get();
 }
 
 void ScriptRunner::openCharacter(const std::string& path) {
@@ -223,7 +271,7 @@ void ScriptRunner::chooseRecentItem(const std::string& caption) {
 
 std::vector<std::pair<std::string, std::string>> ScriptRunner::values(const std::string& name) {
     // NAME, NAME.attribute, NAME[r] or NAME[r].bold
-    static const std::regex shape(R"(^([A-Za-z_][A-Za-z0-9_.]*?)(?:\[(-?\d+)\])?(?:\.(visible|ListIndex|ListCount|rows|runs|heading|bold))?$)");
+    static const std::regex shape(R"(^([A-Za-z_][A-Za-z0-9_.]*?)(?:\[(-?\d+)\])?(?:\.(visible|enabled|ListIndex|ListCount|rows|runs|heading|headings|ColumnWidths|bold))?$)");
     std::smatch parts;
     if (!std::regex_match(name, parts, shape)) throw ScriptError{"cannot read " + name};
     const std::string base = parts[1];
@@ -234,8 +282,15 @@ std::vector<std::pair<std::string, std::string>> ScriptRunner::values(const std:
         return std::vector<std::pair<std::string, std::string>>{{name, EscapeLineEnds(value)}};
     };
 
+    if (!hasRow && attribute.empty() && tool_) {
+        if (base == "Title") return one(tool_->Title());
+        if (base == "Width") return one(Str(tool_->Width()));
+        if (base == "Height") return one(Str(tool_->Height()));
+        if (base == "Closed") return one(boolText(tool_->Closed()));
+    }
     if (!hasRow && attribute.empty()) {
-        if (const auto* property = sheet_->Properties().Find(base)) return one(property->get());
+        if (const auto* property = tool_ ? nullptr : sheet_->Properties().Find(base))
+            return one(property->get());
         if (base == "App.doneloading") return one(boolText(app_.doneloading));
         if (base == "DataModule.zephalondata") return one(data_.zephalondata);
         if (base == "DataModule.datafilepath") return one(data_.datafilepath);
@@ -260,12 +315,20 @@ std::vector<std::pair<std::string, std::string>> ScriptRunner::values(const std:
         return one(listRowText(*list, row));
     }
     if (attribute == "visible") return one(boolText(target.Visible()));
+    if (attribute == "enabled") return one(boolText(target.Enabled()));
     if (attribute == "ListIndex" && list) return one(Str(list->ListIndex()));
     if (attribute == "ListIndex" && combo) return one(Str(combo->ListIndex()));
     if (attribute == "ListCount" && list) return one(Str(list->ListCount()));
     if (attribute == "ListCount" && combo) return one(Str(combo->ListCount()));
     if (attribute == "rows" && combo) return one(JoinFields(combo->Rows(), "|"));
     if (attribute == "heading" && list) return one(list->Heading(0));
+    if (attribute == "headings" && list) {
+        std::vector<std::string> headings;
+        for (int column = 0; column < list->ColumnCount(); ++column)
+            headings.push_back(list->Heading(column));
+        return one(JoinFields(headings, "|"));
+    }
+    if (attribute == "ColumnWidths" && list) return one(list->ColumnWidths());
     if (attribute == "runs" && text) return one(runsText(text->Styled()));
     if (!attribute.empty()) throw ScriptError{"cannot read " + name};
     if (list) {

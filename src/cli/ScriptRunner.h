@@ -13,6 +13,8 @@
 #include "ruledata/DataModule.h"
 #include "shell/App.h"
 #include "sheet/CharacterSheet.h"
+#include "tools/RandomSource.h"
+#include "tools/ToolModel.h"
 
 namespace zeph {
 
@@ -32,6 +34,8 @@ private:
     // The lines `print NAME` shows, as (name, value) pairs.
     std::vector<std::pair<std::string, std::string>> values(const std::string& name);
     Item& item(const std::string& name);
+    // Makes the model of a tool window the target, as its menu item opens the window.
+    void openTool(const std::string& kind, const std::string& name);
     // Opens the character file into a new sheet, which becomes the target if it stays open.
     void openCharacter(const std::string& path);
     void chooseRecentItem(const std::string& caption);
@@ -44,6 +48,11 @@ private:
     // Every sheet opened, the first one empty; `sheet_` is the one the commands act on.
     std::vector<std::unique_ptr<CharacterSheet>> sheets_;
     CharacterSheet* sheet_ = nullptr;
+    // The tools opened; while `tool_` is set the commands act on it instead of the sheet.
+    std::vector<std::unique_ptr<ToolModel>> tools_;
+    ToolModel* tool_ = nullptr;
+    // What the dice rollers' dice show: the draws `rolls` queued.
+    QueuedRandom rolls_;
     int lineNumber_ = 0;
     bool expectationFailed_ = false;
 };

@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -103,6 +104,15 @@ std::string AbsolutePath(const std::string& path) {
     std::error_code error;
     fs::path absolute = fs::absolute(path, error);
     return error ? path : absolute.lexically_normal().string();
+}
+
+std::vector<std::string> FolderItems(const std::string& folder) {
+    std::vector<std::string> items;
+    std::error_code error;
+    for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error))
+        items.push_back(it->path().string());
+    std::sort(items.begin(), items.end());
+    return items;
 }
 
 }  // namespace zeph

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zeph {
 
@@ -45,5 +46,7 @@ bool IsExistingFile(const std::string& path);
 bool IsExistingFolder(const std::string& path);
 std::string JoinPath(const std::string& folder, const std::string& name);
 std::string AbsolutePath(const std::string& path);
+// The paths of the files and folders in a folder, by name; none when it cannot be read.
+std::vector<std::string> FolderItems(const std::string& folder);
 
 }  // namespace zeph

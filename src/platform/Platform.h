@@ -2,6 +2,7 @@
 // quitting. The Qt app answers with real windows; tests and the console with a script.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -61,6 +62,15 @@ public:
     virtual std::string TemporaryFolder() = 0;
 
     virtual void ShowURL(const std::string& url) = 0;
+
+    // A plain HTTP GET of `url` into the file at `path`, in the background. Later, from the
+    // event loop, exactly one of the two is called: `done` when an answer came, whatever its
+    // status, with the file (nothing when it could not be written), or `failed` with a code
+    // when the transfer itself failed.
+    using FetchDone = std::function<void(const std::optional<std::string>& file)>;
+    using FetchFailed = std::function<void(int code)>;
+    virtual void FetchToFile(const std::string& url, const std::string& path, FetchDone done,
+                             FetchFailed failed) = 0;
     // Ends the process with the code once control is back in the event loop.
     virtual void Quit(int code) = 0;
 };

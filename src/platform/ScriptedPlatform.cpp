@@ -116,6 +116,19 @@ std::unique_ptr<OutputFile> ScriptedPlatform::CreateOutputFile(const std::string
 
 void ScriptedPlatform::ShowURL(const std::string& url) { line("url: " + url); }
 
+void ScriptedPlatform::FetchToFile(const std::string& url, const std::string& path,
+                                   FetchDone done, FetchFailed failed) {
+    if (answers_.empty()) {
+        line("fetch: " + url + " (no answer queued)");
+        return;
+    }
+    const std::optional<std::string> answer = nextPath("fetch " + url);
+    if (answer && answer->rfind("error ", 0) == 0) return failed(static_cast<int>(Whole(answer->substr(6))));
+    const std::optional<std::string> served = answer ? ReadWholeFile(*answer) : std::nullopt;
+    if (served && WriteFileAtomically(path, *served)) return done(path);
+    done(std::nullopt);
+}
+
 void ScriptedPlatform::Quit(int code) {
     quitCalled_ = true;
     quitCode_ = code;

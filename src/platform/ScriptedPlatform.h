@@ -49,6 +49,10 @@ public:
     std::string ApplicationFolder() override { return applicationFolder_; }
     std::string TemporaryFolder() override { return temporaryFolder_; }
     void ShowURL(const std::string& url) override;
+    // Answered at once by the next answer: "error N" fails with N, a file's path is served as
+    // the download, "cancel" gives no file; with no answer queued the fetch never ends.
+    void FetchToFile(const std::string& url, const std::string& path, FetchDone done,
+                     FetchFailed failed) override;
     void Quit(int code) override;
 
     // The folder the last open dialog started in.

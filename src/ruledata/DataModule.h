@@ -35,5 +35,8 @@ public:
 };
 
 inline constexpr const char* kPreferencesFileName = "zephalonprefs.xml";
+// Asked when no data file is known, before the file dialog opens.
+inline constexpr const char* kChooseDataFileMessage =
+    "Please select a data file to use. Zephalon will not operate without an xml data file.";
 
 }  // namespace zeph

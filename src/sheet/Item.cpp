@@ -29,6 +29,12 @@ void Item::SetVisible(bool visible) {
     Notify(ItemChange::Visibility);
 }
 
+void Item::SetEnabled(bool enabled) {
+    if (enabled_ == enabled) return;
+    enabled_ = enabled;
+    Notify(ItemChange::Enabled);
+}
+
 int Item::Observe(Observer observer) {
     observers_.emplace(nextToken_, std::move(observer));
     return nextToken_++;
@@ -183,6 +189,19 @@ ListItem::ListItem(ItemRegistry& registry, std::string name, int columnCount,
       columnCount_(columnCount),
       headings_(std::move(headings)) {
     headings_.resize(static_cast<std::size_t>(columnCount));
+    centred_.resize(static_cast<std::size_t>(columnCount));
+}
+
+void ListItem::SetColumnCount(int columnCount) {
+    columnCount_ = columnCount;
+    const auto count = static_cast<std::size_t>(columnCount);
+    headings_.resize(count);
+    centred_.resize(count);
+    for (Row& r : rows_) {
+        r.cells.resize(count);
+        r.bold.resize(count);
+    }
+    Notify(ItemChange::Heading);
 }
 
 ListItem::Row& ListItem::row(int index) {
@@ -204,7 +223,7 @@ ListItem::Row ListItem::makeRow(const std::string& text) const {
     Row r;
     r.cells.assign(static_cast<std::size_t>(columnCount_), "");
     r.bold.assign(static_cast<std::size_t>(columnCount_), false);
-    r.cells[0] = text;
+    if (columnCount_ > 0) r.cells[0] = text;
     return r;
 }
 
@@ -302,6 +321,27 @@ void ListItem::SetHeading(int column, const std::string& heading) {
     checkColumn(column);
     headings_[static_cast<std::size_t>(column)] = heading;
     Notify(ItemChange::Heading);
+}
+
+void ListItem::SetColumnWidths(const std::string& widths) {
+    columnWidths_ = widths;
+    Notify(ItemChange::Layout);
+}
+
+bool ListItem::ColumnCentred(int column) const {
+    checkColumn(column);
+    return centred_[static_cast<std::size_t>(column)];
+}
+
+void ListItem::SetColumnCentred(int column, bool centred) {
+    checkColumn(column);
+    centred_[static_cast<std::size_t>(column)] = centred;
+    Notify(ItemChange::Layout);
+}
+
+void ListItem::SetShownColumns(int count) {
+    shownColumns_ = count;
+    Notify(ItemChange::Layout);
 }
 
 }  // namespace zeph

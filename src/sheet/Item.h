@@ -15,7 +15,7 @@ namespace zeph {
 // A toggle is a flag pressed by a click whose own operation decides the state it ends in.
 enum class ItemKind { Text, Number, Flag, Toggle, Combo, Choice, List, Styled, Label };
 
-enum class ItemChange { Text, Visibility, Rows, Selection, Bold, Heading };
+enum class ItemChange { Text, Visibility, Rows, Selection, Bold, Heading, Enabled, Layout };
 
 class Item;
 
@@ -44,6 +44,9 @@ public:
     ItemKind Kind() const { return kind_; }
     bool Visible() const { return visible_; }
     void SetVisible(bool visible);
+    // Whether the user can work the item; a disabled item still shows.
+    bool Enabled() const { return enabled_; }
+    void SetEnabled(bool enabled);
 
     // The observer lives as long as the item; the token lets a view detach itself.
     int Observe(Observer observer);
@@ -56,6 +59,7 @@ private:
     std::string name_;
     ItemKind kind_;
     bool visible_;
+    bool enabled_ = true;
     std::map<int, Observer> observers_;
     int nextToken_ = 0;
 };
@@ -138,6 +142,8 @@ public:
     ListItem(ItemRegistry& registry, std::string name, int columnCount,
              std::vector<std::string> headings, bool visible = true);
     int ColumnCount() const { return columnCount_; }
+    // Rows keep their cells up to the new count; headings beyond it go.
+    void SetColumnCount(int columnCount);
     int ListCount() const { return static_cast<int>(rows_.size()); }
     // Row and column out of range are faults of the caller: std::out_of_range.
     const std::string& Cell(int row, int column) const;
@@ -164,6 +170,16 @@ public:
     const std::string& Heading(int column) const;
     void SetHeading(int column, const std::string& heading);
 
+    // The layout a list may carry for its view: widths as set, pixels or percentages of the
+    // list's width joined by "," ("90,120", "60%,40%"; "" leaves them to the view), centred
+    // columns, and how many columns from the first are shown (-1 leaves it to the view).
+    const std::string& ColumnWidths() const { return columnWidths_; }
+    void SetColumnWidths(const std::string& widths);
+    bool ColumnCentred(int column) const;
+    void SetColumnCentred(int column, bool centred);
+    int ShownColumns() const { return shownColumns_; }
+    void SetShownColumns(int count);
+
 private:
     struct Row {
         std::vector<std::string> cells;
@@ -177,6 +193,9 @@ private:
 
     int columnCount_;
     std::vector<std::string> headings_;
+    std::vector<bool> centred_;
+    std::string columnWidths_;
+    int shownColumns_ = -1;
     std::vector<Row> rows_;
     int lastIndex_ = -1;
 };

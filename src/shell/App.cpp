@@ -10,8 +10,6 @@
 namespace zeph {
 namespace {
 
-const char* const kFirstRunMessage =
-    "Please select a data file to use. Zephalon will not operate without an xml data file.";
 const char* const kMissingFileMessage =
     "Please locate a data file in XML format for Zephalon to use.";
 const char* const kInvalidPreferencesMessage = "The preferences file is invalid.";
@@ -52,7 +50,7 @@ std::string App::askForDataFile(const std::string& message) {
 
 std::string App::GetDataFile() {
     const std::string prefsPath = JoinPath(platform_.PreferencesFolder(), kPreferencesFileName);
-    if (!IsExistingFile(prefsPath)) return askForDataFile(kFirstRunMessage);
+    if (!IsExistingFile(prefsPath)) return askForDataFile(kChooseDataFileMessage);
 
     try {
         auto prefs = RuleData::LoadFile(prefsPath);
@@ -97,7 +95,9 @@ bool App::LoadDataFile(const std::string& path) {
         data_.xdata = RuleData::LoadFile(path);
         XmlNodeList root = data_.xdata->Query("//zephalondata");
         if (!root.Empty()) data_.zephalondata = root.Item(0).Attribute("books");
+        // The reference submenu anew: a file that fails to load leaves it as it was.
         XmlNodeList tables = data_.xdata->Query("zephalondata/tabledata/table");
+        data_.referenceTables.clear();
         for (int i = 0; i < tables.Count(); ++i)
             data_.referenceTables.push_back(tables.Item(i).Attribute("name"));
     } catch (const XmlError& failure) {

@@ -18,7 +18,8 @@ public:
     std::string GetDataFile();
     // Brings the rule data in, asking again when the stored file has vanished.
     void LoadData();
-    // Replaces the rule document with the file at `path` and reads its books and tables.
+    // Replaces the rule document with the file at `path` and reads its books and tables (the
+    // reference submenu, rebuilt).
     // Shows the failure report and returns false when the file is not XML.
     bool LoadDataFile(const std::string& path);
 

@@ -7,7 +7,11 @@
 #include <QLabel>
 #include <QVBoxLayout>
 #include <QMessageBox>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QNetworkRequest>
 #include <QPointer>
+#include <QSaveFile>
 #include <QPushButton>
 #include <QStringList>
 #include <QUrl>
@@ -40,6 +44,9 @@ std::optional<std::string> chosen(const QString& path) {
 }
 
 }  // namespace
+
+QtPlatform::QtPlatform() = default;
+QtPlatform::~QtPlatform() = default;
 
 QString FileDialogFilter(const FileType& type) {
     QStringList patterns;
@@ -128,6 +135,29 @@ std::string QtPlatform::ApplicationFolder() {
 std::string QtPlatform::TemporaryFolder() { return QDir::tempPath().toStdString(); }
 
 void QtPlatform::ShowURL(const std::string& url) { QDesktopServices::openUrl(QUrl(q(url))); }
+
+QNetworkAccessManager& QtPlatform::network() {
+    if (!network_) network_ = std::make_unique<QNetworkAccessManager>();
+    return *network_;
+}
+
+void QtPlatform::FetchToFile(const std::string& url, const std::string& path, FetchDone done,
+                             FetchFailed failed) {
+    QNetworkReply* reply = network().get(QNetworkRequest(QUrl(q(url))));
+    QObject::connect(reply, &QNetworkReply::finished, reply, [reply, path, done, failed] {
+        reply->deleteLater();
+        // An answer with any status, an error page included, is a download; only a transfer
+        // that brought no answer at all is a failure.
+        if (!reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).isValid()) {
+            failed(static_cast<int>(reply->error()));
+            return;
+        }
+        QSaveFile file(q(path));
+        const bool written = file.open(QIODevice::WriteOnly) && file.write(reply->readAll()) >= 0 &&
+                             file.commit();
+        done(written ? std::optional<std::string>(path) : std::nullopt);
+    });
+}
 
 void QtPlatform::Quit(int code) { QCoreApplication::exit(code); }
 

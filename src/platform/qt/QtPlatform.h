@@ -6,13 +6,18 @@
 #include <QString>
 #include <QWidget>
 #include <map>
+#include <memory>
 
 #include "platform/Platform.h"
+
+class QNetworkAccessManager;
 
 namespace zeph {
 
 class QtPlatform : public Platform {
   public:
+    QtPlatform();
+    ~QtPlatform() override;
     void MsgBox(const std::string& text) override;
     std::optional<std::string> OpenFileDialog(const FileType& type,
                                               const std::string& folder) override;
@@ -29,9 +34,14 @@ class QtPlatform : public Platform {
     std::string TemporaryFolder() override;
 
     void ShowURL(const std::string& url) override;
+    void FetchToFile(const std::string& url, const std::string& path, FetchDone done,
+                     FetchFailed failed) override;
     void Quit(int code) override;
 
   private:
+    QNetworkAccessManager& network();
+
+    std::unique_ptr<QNetworkAccessManager> network_;
     std::map<int, QPointer<QWidget>> notices_;
     int nextNotice_ = 0;
 };

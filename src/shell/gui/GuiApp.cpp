@@ -10,7 +10,9 @@
 #include "shell/SheetOperations.h"
 #include "shell/gui/CharWindow.h"
 #include "shell/gui/CoreCall.h"
+#include "shell/gui/ToolView.h"
 #include "sheet/CharacterSheet.h"
+#include "tools/ReferenceTable.h"
 
 namespace zeph::gui {
 namespace {
@@ -33,6 +35,12 @@ MenuSources GuiApp::Sources() {
                                                     [this](const std::string& path) { OpenCharacter(path); });
                     });
                 });
+            },
+            [this] { return data_.referenceTables; },
+            [this](const std::string& name) {
+                std::unique_ptr<ReferenceWindow> table;
+                CallCore([&] { table = ReferenceTableMenuItem_Action(*data_.xdata, platform_, name); });
+                if (table) ShowReferenceView(std::move(table), Sources());
             }};
 }
 
@@ -73,12 +81,24 @@ bool GuiApp::CloseAll() {
     for (QWidget* widget : QApplication::topLevelWidgets())
         if (auto* window = dynamic_cast<CharWindow*>(widget); window && window->isVisible())
             if (!window->close()) return false;
+    // The tools go without asking; Load Data stores its list as it closes.
+    for (QWidget* widget : QApplication::topLevelWidgets())
+        if (auto* tool = dynamic_cast<ToolView*>(widget); tool && tool->isVisible()) tool->close();
     return true;
 }
 
 bool GuiApp::HandlesCommand(const std::string& name) const {
     return name == "FileNew" || name == "FileLoadCharacterFile" || name == "FileQuit" ||
-           name == "HelpHelp";
+           name == "HelpHelp" || name == "HelpDiceRoller" || name == "HelpAbout" ||
+           name == "HelpCheckForUpdates" || name == "FileLoadDataFile";
+}
+
+void GuiApp::showSingle(QPointer<ToolView>& single, const std::function<ToolView*()>& make) {
+    if (!single) CallCore([&] { single = make(); });
+    if (!single) return;
+    single->show();
+    single->raise();
+    single->activateWindow();
 }
 
 void GuiApp::RunCommand(const std::string& name) {
@@ -86,6 +106,12 @@ void GuiApp::RunCommand(const std::string& name) {
     else if (name == "FileLoadCharacterFile") OpenCharacter("");
     else if (name == "FileQuit" && CloseAll()) QApplication::quit();
     else if (name == "HelpHelp") CallCore([&] { app_._HelpHelp_Action(); });
+    else if (name == "HelpDiceRoller") CallCore([&] { ShowDiceView(random_, Sources()); });
+    else if (name == "FileLoadDataFile")
+        showSingle(loadData_, [&] { return ShowLoadDataView(data_, platform_, app_, Sources()); });
+    else if (name == "HelpAbout") showSingle(about_, [&] { return ShowAboutView(data_, Sources()); });
+    else if (name == "HelpCheckForUpdates")
+        showSingle(checkUpdates_, [&] { return ShowCheckUpdatesView(platform_, webHost_, Sources()); });
 }
 
 }  // namespace zeph::gui

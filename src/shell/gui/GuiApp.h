@@ -1,12 +1,15 @@
 // The application's commands in the desktop app: new and opened characters, each in its own
-// window with the shared menus, the recent submenu's choices, and quitting through every
-// window's closing question.
+// window with the shared menus, the recent submenu's choices, the tools, and quitting through
+// every window's closing question.
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <string>
 
 #include "shell/gui/Menus.h"
+#include "tools/RandomSource.h"
+#include "tools/UpdateCheck.h"
 
 namespace zeph {
 class App;
@@ -17,6 +20,7 @@ class Platform;
 namespace zeph::gui {
 
 class CharWindow;
+class ToolView;
 
 class GuiApp : public QObject, public CommandTarget {
   public:
@@ -26,19 +30,28 @@ class GuiApp : public QObject, public CommandTarget {
     CharWindow* NewWindow();
     // Opens a character into a new window: by the open dialog when `path` is empty.
     void OpenCharacter(const std::string& path);
-    // Closes every character window in turn; one that is kept open stops the quit.
+    // Closes every character window in turn, then the tools; a character window that is kept
+    // open stops the quit.
     bool CloseAll();
 
     bool HandlesCommand(const std::string& name) const override;
     void RunCommand(const std::string& name) override;
     MenuSources Sources();
 
+    // Where the update check asks; the project's web host unless a test serves it.
+    void SetWebHost(const std::string& host) { webHost_ = host; }
+
   private:
     CharWindow* makeWindow();
+    // Brings up the one window of a kind, made anew by `make` when there is none.
+    void showSingle(QPointer<ToolView>& single, const std::function<ToolView*()>& make);
 
     DataModule& data_;
     Platform& platform_;
     App& app_;
+    SystemRandom random_;
+    std::string webHost_ = kProjectWebHost;
+    QPointer<ToolView> loadData_, about_, checkUpdates_;
 };
 
 }  // namespace zeph::gui

@@ -27,10 +27,14 @@ namespace {
 
 QString q(const std::string& text) { return QString::fromStdString(text); }
 
-const Operation* findOperation(const std::string& name) {
-    const OperationTable& operations = SheetOperations();
-    auto found = operations.find(name);
-    return found == operations.end() ? nullptr : &found->second;
+// The sheet's operations by name, run on that sheet.
+EventLookup sheetEvents(CharacterSheet& sheet) {
+    return [&sheet](const std::string& name) -> std::function<void()> {
+        const OperationTable& operations = SheetOperations();
+        auto found = operations.find(name);
+        if (found == operations.end()) return {};
+        return [&sheet, operation = &found->second] { operation->run(sheet, ""); };
+    };
 }
 
 // Focus lost because a popup opened or another window came to the front is expected back;
@@ -41,8 +45,8 @@ bool focusOnlyStepsAway(const QFocusEvent& event) {
 
 class LineEditBinding : public ItemBinding {
   public:
-    LineEditBinding(CharacterSheet& sheet, TextItem& item, QLineEdit& edit, CoreCall call)
-        : ItemBinding(sheet, item, edit, std::move(call)), item_(item), edit_(edit) {
+    LineEditBinding(const EventLookup& events, TextItem& item, QLineEdit& edit, CoreCall call)
+        : ItemBinding(events, item, edit, std::move(call)), item_(item), edit_(edit) {
         connect(&edit, &QLineEdit::textEdited, this,
                 [this](const QString& text) { write([&] { item_.SetText(text.toStdString()); }); });
     }
@@ -62,8 +66,8 @@ class LineEditBinding : public ItemBinding {
 
 class LabelBinding : public ItemBinding {
   public:
-    LabelBinding(CharacterSheet& sheet, TextItem& item, QLabel& label, CoreCall call)
-        : ItemBinding(sheet, item, label, std::move(call)), item_(item), label_(label) {}
+    LabelBinding(const EventLookup& events, TextItem& item, QLabel& label, CoreCall call)
+        : ItemBinding(events, item, label, std::move(call)), item_(item), label_(label) {}
 
   protected:
     // A label's new text lays out its parents again, even when it is the same text.
@@ -126,8 +130,8 @@ bool sameRuns(const StyledText& a, const StyledText& b) {
 
 class StyledBinding : public ItemBinding {
   public:
-    StyledBinding(CharacterSheet& sheet, TextItem& item, QTextEdit& edit, CoreCall call)
-        : ItemBinding(sheet, item, edit, std::move(call)), item_(item), edit_(edit) {
+    StyledBinding(const EventLookup& events, TextItem& item, QTextEdit& edit, CoreCall call)
+        : ItemBinding(events, item, edit, std::move(call)), item_(item), edit_(edit) {
         edit.setAcceptRichText(false);
         connect(&edit, &QTextEdit::textChanged, this,
                 [this] { write([&] { item_.SetStyled(runsShown(*edit_.document())); }); });
@@ -149,8 +153,8 @@ class StyledBinding : public ItemBinding {
 
 class FlagBinding : public ItemBinding {
   public:
-    FlagBinding(CharacterSheet& sheet, FlagItem& item, QCheckBox& box, CoreCall call)
-        : ItemBinding(sheet, item, box, std::move(call)), item_(item), box_(box) {
+    FlagBinding(const EventLookup& events, FlagItem& item, QCheckBox& box, CoreCall call)
+        : ItemBinding(events, item, box, std::move(call)), item_(item), box_(box) {
         connect(&box, &QCheckBox::toggled, this,
                 [this](bool checked) { write([&] { item_.SetValue(checked); }); });
     }
@@ -171,11 +175,11 @@ class FlagBinding : public ItemBinding {
 // then shows what the operation left.
 class ToggleBinding : public ItemBinding {
   public:
-    ToggleBinding(CharacterSheet& sheet, FlagItem& item, QPushButton& button, CoreCall call)
-        : ItemBinding(sheet, item, button, std::move(call)), item_(item), button_(button) {
+    ToggleBinding(const EventLookup& events, FlagItem& item, QPushButton& button, CoreCall call)
+        : ItemBinding(events, item, button, std::move(call)), item_(item), button_(button) {
         button.setCheckable(true);
         connect(&button, &QPushButton::clicked, this,
-                [this, action = findOperation(item.Name() + "_Action")] {
+                [this, action = events(item.Name() + "_Action")] {
                     runEvent(action);
                     show(ItemChange::Text);
                 });
@@ -195,8 +199,8 @@ class ToggleBinding : public ItemBinding {
 // Combos and choices alike; only a combo's box takes typed text.
 class ComboBinding : public ItemBinding {
   public:
-    ComboBinding(CharacterSheet& sheet, ComboItem& item, QComboBox& box, CoreCall call)
-        : ItemBinding(sheet, item, box, std::move(call)), item_(item), box_(box) {
+    ComboBinding(const EventLookup& events, ComboItem& item, QComboBox& box, CoreCall call)
+        : ItemBinding(events, item, box, std::move(call)), item_(item), box_(box) {
         connect(&box, &QComboBox::currentIndexChanged, this, [this](int index) {
             if (index >= item_.ListCount()) return;
             write([&] { item_.SetListIndex(index); });
@@ -232,11 +236,13 @@ class ComboBinding : public ItemBinding {
     QComboBox& box_;
 };
 
-// A list shows its first columns (up to five); the others are storage of the sheet.
+// A list shows its first columns (up to five, unless it tells how many); the others are storage
+// of the sheet. A list with widths of its own takes them and its centred columns from the item;
+// the sheet's lists centre level, cost and experience.
 class ListBinding : public ItemBinding {
   public:
-    ListBinding(CharacterSheet& sheet, ListItem& item, QTreeWidget& tree, CoreCall call)
-        : ItemBinding(sheet, item, tree, std::move(call)), item_(item), tree_(tree) {
+    ListBinding(const EventLookup& events, ListItem& item, QTreeWidget& tree, CoreCall call)
+        : ItemBinding(events, item, tree, std::move(call)), item_(item), tree_(tree) {
         tree.setColumnCount(shownColumns());
         tree.setRootIsDecorated(false);
         tree.setUniformRowHeights(true);
@@ -265,6 +271,8 @@ class ListBinding : public ItemBinding {
         QSignalBlocker quiet(&tree_);
         if (change == ItemChange::Heading) {
             showHeadings();
+        } else if (change == ItemChange::Layout) {
+            showLayout();
         } else if (change == ItemChange::Selection) {
             if (!rebuildPending_) showSelection();
         } else if (!rebuildPending_) {
@@ -275,20 +283,53 @@ class ListBinding : public ItemBinding {
 
     void showWhole() override { rebuild(); }
 
+    // Widths in percent follow the list's width.
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched == &tree_ && event->type() == QEvent::Resize) showLayout();
+        return ItemBinding::eventFilter(watched, event);
+    }
+
   private:
-    int shownColumns() const { return std::min(item_.ColumnCount(), 5); }
+    int shownColumns() const {
+        const int shown = item_.ShownColumns() >= 0 ? item_.ShownColumns() : 5;
+        return std::min(item_.ColumnCount(), shown);
+    }
+
+    bool centred(int column) const {
+        if (item_.ColumnWidths().empty()) return column >= 1 && column <= 3;
+        return item_.ColumnCentred(column);
+    }
 
     void showHeadings() {
         QStringList headings;
         for (int column = 0; column < shownColumns(); ++column)
             headings << q(item_.Heading(column));
+        tree_.setColumnCount(shownColumns());
         tree_.setHeaderLabels(headings);
+        for (int column = 0; column < shownColumns(); ++column)
+            tree_.headerItem()->setTextAlignment(column, centred(column) ? Qt::AlignCenter
+                                                                        : Qt::AlignLeft);
+    }
+
+    // "90,120" in pixels, "60%,40%" in parts of the list's width; columns beyond keep theirs.
+    void showLayout() {
+        const QStringList widths = q(item_.ColumnWidths()).split(',', Qt::SkipEmptyParts);
+        for (int column = 0; column < widths.size() && column < shownColumns(); ++column) {
+            QString width = widths[column].trimmed();
+            const bool percent = width.endsWith('%');
+            if (percent) width.chop(1);
+            const int size = width.toInt();
+            // The viewport follows the list's own resize later; the list's inside is there now.
+            const int whole = tree_.contentsRect().width();
+            tree_.header()->resizeSection(column, percent ? whole * size / 100 : size);
+        }
     }
 
     void rebuild() {
         rebuildPending_ = false;
         QSignalBlocker quiet(&tree_);
         showHeadings();
+        showLayout();
         showRows();
         showSelection();
     }
@@ -299,8 +340,7 @@ class ListBinding : public ItemBinding {
             auto* line = new QTreeWidgetItem(&tree_);
             for (int column = 0; column < shownColumns(); ++column) {
                 line->setText(column, q(item_.Cell(row, column)));
-                // Level, cost and experience stand centred.
-                if (column >= 1 && column <= 3) line->setTextAlignment(column, Qt::AlignCenter);
+                if (centred(column)) line->setTextAlignment(column, Qt::AlignCenter);
                 if (item_.CellBold(row, column)) {
                     QFont font = line->font(column);
                     font.setBold(true);
@@ -337,20 +377,21 @@ class ListBinding : public ItemBinding {
 
 }  // namespace
 
-ItemBinding::ItemBinding(CharacterSheet& sheet, Item& item, QWidget& widget, CoreCall call)
-    : sheet_(sheet),
-      item_(item),
+ItemBinding::ItemBinding(const EventLookup& events, Item& item, QWidget& widget, CoreCall call)
+    : item_(item),
       widget_(widget),
       call_(std::move(call)),
-      gotFocus_(findOperation(item.Name() + "_GotFocus")),
-      lostFocus_(findOperation(item.Name() + "_LostFocus")),
-      mouseDown_(findOperation(item.Name() + "_MouseDown")),
-      doubleClick_(findOperation(item.Name() + "_DoubleClick")) {
+      gotFocus_(events(item.Name() + "_GotFocus")),
+      lostFocus_(events(item.Name() + "_LostFocus")),
+      mouseDown_(events(item.Name() + "_MouseDown")),
+      doubleClick_(events(item.Name() + "_DoubleClick")) {
     widget.setObjectName(q(item.Name()));
     widget.installEventFilter(this);
     token_ = item.Observe([this](ItemChange change) {
         if (change == ItemChange::Visibility)
             widget_.setVisible(item_.Visible());
+        else if (change == ItemChange::Enabled)
+            widget_.setEnabled(item_.Enabled());
         else
             show(change);
     });
@@ -361,13 +402,13 @@ ItemBinding::~ItemBinding() { item_.StopObserving(token_); }
 void ItemBinding::ShowAll() {
     showWhole();
     widget_.setVisible(item_.Visible());
+    widget_.setEnabled(item_.Enabled());
 }
 
 void ItemBinding::write(const std::function<void()>& edit) { call_(edit); }
 
-void ItemBinding::runEvent(const Operation* operation) {
-    if (operation == nullptr) return;
-    call_([&] { operation->run(sheet_, ""); });
+void ItemBinding::runEvent(const std::function<void()>& event) {
+    if (event) call_(event);
 }
 
 bool ItemBinding::eventFilter(QObject* watched, QEvent* event) {
@@ -390,7 +431,7 @@ bool ItemBinding::eventFilter(QObject* watched, QEvent* event) {
                 }
                 break;
             case QEvent::MouseButtonPress:
-                if (mouseDown_ != nullptr) {
+                if (mouseDown_) {
                     runEvent(mouseDown_);
                     // A list fills itself at the press and then opens as usual.
                     return qobject_cast<QComboBox*>(&widget_) == nullptr;
@@ -404,19 +445,23 @@ bool ItemBinding::eventFilter(QObject* watched, QEvent* event) {
 }
 
 SheetBinder::SheetBinder(CharacterSheet& sheet, CoreCall call, QWidget* owner)
-    : sheet_(sheet), call_(std::move(call)), owner_(owner) {}
+    : SheetBinder(sheet.Items(), sheetEvents(sheet), std::move(call), owner) {}
+
+SheetBinder::SheetBinder(const ItemRegistry& items, EventLookup events, CoreCall call,
+                         QWidget* owner)
+    : items_(items), events_(std::move(events)), call_(std::move(call)), owner_(owner) {}
 
 SheetBinder::~SheetBinder() = default;
 
 Item& SheetBinder::find(const std::string& itemName) const {
-    Item* item = sheet_.Items().Find(itemName);
-    if (item == nullptr) throw std::logic_error("the sheet has no item " + itemName);
+    Item* item = items_.Find(itemName);
+    if (item == nullptr) throw std::logic_error("no item " + itemName + " to bind");
     return *item;
 }
 
 QWidget* SheetBinder::StyledField(TextItem& item) {
     auto* edit = new QTextEdit(owner_);
-    adopt(std::make_unique<StyledBinding>(sheet_, item, *edit, call_));
+    adopt(std::make_unique<StyledBinding>(events_, item, *edit, call_));
     return edit;
 }
 
@@ -428,7 +473,7 @@ QWidget* SheetBinder::Widget(const std::string& itemName, const std::string& cap
         case ItemKind::Text:
         case ItemKind::Number: {
             auto* edit = new QLineEdit(owner_);
-            binding = std::make_unique<LineEditBinding>(sheet_, dynamic_cast<TextItem&>(item),
+            binding = std::make_unique<LineEditBinding>(events_, dynamic_cast<TextItem&>(item),
                                                         *edit, call_);
             widget = edit;
             break;
@@ -437,7 +482,7 @@ QWidget* SheetBinder::Widget(const std::string& itemName, const std::string& cap
             return Label(itemName);
         case ItemKind::Styled: {
             auto* edit = new QTextEdit(owner_);
-            binding = std::make_unique<StyledBinding>(sheet_, dynamic_cast<TextItem&>(item), *edit,
+            binding = std::make_unique<StyledBinding>(events_, dynamic_cast<TextItem&>(item), *edit,
                                                       call_);
             widget = edit;
             break;
@@ -445,13 +490,13 @@ QWidget* SheetBinder::Widget(const std::string& itemName, const std::string& cap
         case ItemKind::Flag: {
             auto* box = new QCheckBox(q(caption), owner_);
             binding =
-                std::make_unique<FlagBinding>(sheet_, dynamic_cast<FlagItem&>(item), *box, call_);
+                std::make_unique<FlagBinding>(events_, dynamic_cast<FlagItem&>(item), *box, call_);
             widget = box;
             break;
         }
         case ItemKind::Toggle: {
             auto* button = new QPushButton(q(caption), owner_);
-            binding = std::make_unique<ToggleBinding>(sheet_, dynamic_cast<FlagItem&>(item),
+            binding = std::make_unique<ToggleBinding>(events_, dynamic_cast<FlagItem&>(item),
                                                       *button, call_);
             widget = button;
             break;
@@ -463,14 +508,14 @@ QWidget* SheetBinder::Widget(const std::string& itemName, const std::string& cap
             box->setInsertPolicy(QComboBox::NoInsert);
             box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
             binding =
-                std::make_unique<ComboBinding>(sheet_, dynamic_cast<ComboItem&>(item), *box, call_);
+                std::make_unique<ComboBinding>(events_, dynamic_cast<ComboItem&>(item), *box, call_);
             widget = box;
             break;
         }
         case ItemKind::List: {
             auto* tree = new QTreeWidget(owner_);
             binding =
-                std::make_unique<ListBinding>(sheet_, dynamic_cast<ListItem&>(item), *tree, call_);
+                std::make_unique<ListBinding>(events_, dynamic_cast<ListItem&>(item), *tree, call_);
             widget = tree;
             break;
         }
@@ -483,7 +528,7 @@ QLabel* SheetBinder::Label(const std::string& itemName) {
     auto* text = dynamic_cast<TextItem*>(&find(itemName));
     if (text == nullptr) throw std::logic_error(itemName + " holds no text to show in a label");
     auto* label = new QLabel(owner_);
-    adopt(std::make_unique<LabelBinding>(sheet_, *text, *label, call_));
+    adopt(std::make_unique<LabelBinding>(events_, *text, *label, call_));
     return label;
 }
 

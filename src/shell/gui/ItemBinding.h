@@ -1,8 +1,8 @@
-// Keeps widgets and the named items of a sheet in step. One binding per item kind: the widget
-// shows what the item holds and follows its changes; a user edit writes the item, whose own
-// change operations then run in the core; focus, clicks and double clicks become the item's
-// named operations (<Item>_GotFocus, _LostFocus, _MouseDown, _DoubleClick) when the sheet has
-// them.
+// Keeps widgets and the named items of a sheet or a tool in step. One binding per item kind:
+// the widget shows what the item holds and follows its changes; a user edit writes the item,
+// whose own change operations then run in the core; focus, clicks and double clicks become the
+// item's named operations (<Item>_GotFocus, _LostFocus, _MouseDown, _DoubleClick) when its
+// owner has them.
 #pragma once
 
 #include <QObject>
@@ -18,13 +18,14 @@ class QWidget;
 
 namespace zeph {
 class CharacterSheet;
-struct Operation;
 }  // namespace zeph
 
 namespace zeph::gui {
 
 // Runs core work for a widget; the window passes it through its guard.
 using CoreCall = std::function<void(const std::function<void()>&)>;
+// The named operation of the items' owner, ready to run; an empty function when it has none.
+using EventLookup = std::function<std::function<void()>(const std::string& operationName)>;
 
 class ItemBinding;
 
@@ -37,12 +38,12 @@ struct SheetFocus {
 
 class ItemBinding : public QObject {
   public:
-    ItemBinding(CharacterSheet& sheet, Item& item, QWidget& widget, CoreCall call);
+    ItemBinding(const EventLookup& events, Item& item, QWidget& widget, CoreCall call);
     ~ItemBinding() override;
     ItemBinding(const ItemBinding&) = delete;
     ItemBinding& operator=(const ItemBinding&) = delete;
 
-    // Shows the whole item: content and visibility.
+    // Shows the whole item: content, visibility and whether it can be worked.
     void ShowAll();
     // Joins the focus of the other bindings of its window.
     void ShareFocus(SheetFocus& focus) { focus_ = &focus; }
@@ -54,31 +55,32 @@ class ItemBinding : public QObject {
     virtual void showWhole() { show(ItemChange::Rows); }
     // A user edit: written into the item through the guard.
     void write(const std::function<void()>& edit);
-    void runEvent(const Operation* operation);
+    void runEvent(const std::function<void()>& event);
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     Item& item() { return item_; }
-    const Operation* DoubleClick() const { return doubleClick_; }
+    const std::function<void()>& DoubleClick() const { return doubleClick_; }
 
   private:
-    CharacterSheet& sheet_;
     Item& item_;
     QWidget& widget_;
     CoreCall call_;
     int token_;
-    const Operation* gotFocus_;
-    const Operation* lostFocus_;
-    const Operation* mouseDown_;
-    const Operation* doubleClick_;
+    std::function<void()> gotFocus_;
+    std::function<void()> lostFocus_;
+    std::function<void()> mouseDown_;
+    std::function<void()> doubleClick_;
     SheetFocus ownFocus_;
     SheetFocus* focus_ = &ownFocus_;
 };
 
-// Makes the widgets of one sheet's items, by item name, and owns their bindings. Destroy it
-// before the sheet: the bindings detach from the items then.
+// Makes the widgets of one sheet's or tool's items, by item name, and owns their bindings.
+// Destroy it before the items' owner: the bindings detach from the items then.
 class SheetBinder {
   public:
     SheetBinder(CharacterSheet& sheet, CoreCall call, QWidget* owner);
+    // Items of another owner, whose operations `events` finds.
+    SheetBinder(const ItemRegistry& items, EventLookup events, CoreCall call, QWidget* owner);
     ~SheetBinder();
 
     // The usual widget of the item's kind: a line edit for text and numbers, a check box for
@@ -97,7 +99,8 @@ class SheetBinder {
     Item& find(const std::string& itemName) const;
     void adopt(std::unique_ptr<ItemBinding> binding);
 
-    CharacterSheet& sheet_;
+    const ItemRegistry& items_;
+    EventLookup events_;
     CoreCall call_;
     QWidget* owner_;
     SheetFocus focus_;

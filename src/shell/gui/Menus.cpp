@@ -89,6 +89,27 @@ const char* textSlot(const std::string& name) {
     return nullptr;
 }
 
+// A submenu whose items are read each time it opens, so every window's bar shows the same
+// ones ("-" is a separator); choosing one passes its caption on.
+void addReadAfreshSubmenu(QMenu& drop, const MenuItem& item,
+                          const std::function<std::vector<std::string>()>& captions,
+                          const std::function<void(const std::string&)>& choose) {
+    QMenu* submenu = drop.addMenu(item.caption);
+    submenu->setObjectName(item.name);
+    QObject::connect(submenu, &QMenu::aboutToShow, submenu, [submenu, captions, choose] {
+        submenu->clear();
+        if (!captions) return;
+        for (const std::string& caption : captions()) {
+            if (caption == "-") {
+                submenu->addSeparator();
+                continue;
+            }
+            QObject::connect(submenu->addAction(QString::fromStdString(caption)),
+                             &QAction::triggered, submenu, [choose, caption] { choose(caption); });
+        }
+    });
+}
+
 }  // namespace
 
 void ShowInFront(QWidget& window) {
@@ -138,20 +159,11 @@ void BuildMenuBar(QMainWindow& window, const MenuSources& sources) {
                 continue;
             }
             if (name == "FileOpenRecent") {
-                QMenu* recent = drop->addMenu(item.caption);
-                recent->setObjectName(item.name);
-                QObject::connect(recent, &QMenu::aboutToShow, recent, [recent, sources] {
-                    recent->clear();
-                    for (const std::string& caption : sources.recentItems()) {
-                        if (caption == "-") {
-                            recent->addSeparator();
-                            continue;
-                        }
-                        QObject::connect(recent->addAction(QString::fromStdString(caption)),
-                                         &QAction::triggered, recent,
-                                         [sources, caption] { sources.chooseRecent(caption); });
-                    }
-                });
+                addReadAfreshSubmenu(*drop, item, sources.recentItems, sources.chooseRecent);
+                continue;
+            }
+            if (name == "HelpReference") {
+                addReadAfreshSubmenu(*drop, item, sources.referenceTables, sources.chooseReference);
                 continue;
             }
             QAction* action = drop->addAction(item.caption);

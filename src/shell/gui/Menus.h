@@ -7,6 +7,7 @@
 #include <QObject>
 #include <functional>
 #include <string>
+#include <vector>
 
 class QMainWindow;
 class QMenu;
@@ -27,6 +28,9 @@ struct MenuSources {
     // The captions of the recent submenu, and what choosing one does.
     std::function<std::vector<std::string>()> recentItems;
     std::function<void(const std::string& caption)> chooseRecent;
+    // The names of the Help menu's reference tables, and what choosing one does.
+    std::function<std::vector<std::string>()> referenceTables = {};
+    std::function<void(const std::string& name)> chooseReference = {};
 };
 
 // Gives `window` its menu bar; `window` answers first when it is a CommandTarget.
