@@ -38,10 +38,7 @@ bool CleanHtml(const std::string& html) {
 }
 
 // Each form of the sample character: what must stand in it.
-struct FormCase {
-    const char* format;
-    std::vector<std::string> present;
-};
+struct FormCase { const char* format; std::vector<std::string> present; };
 
 class ExportForms : public ::testing::TestWithParam<FormCase> {};
 
