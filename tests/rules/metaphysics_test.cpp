@@ -27,10 +27,7 @@ TEST_F(Metaphysics, OnlyWhatTheQualitiesAllowIsOffered) {
         Do(loader);
         EXPECT_EQ(sheet->MetaTypePopup.Rows(), std::vector<std::string>{"Gifts"}) << loader;
     }
-    const struct {
-        const char* quality;
-        std::vector<std::string> offered;
-    } cases[] = {
+    const struct { const char* quality; std::vector<std::string> offered; } cases[] = {
         {"", {}}, {"Keen Eye", {"Seer's Eye"}}, {"Iron Will (Wolf)", {"Seer's Eye", "Ward"}}};
     for (const auto& c : cases) {
         sheet->QualityListBox.DeleteAllRows();
@@ -109,11 +106,7 @@ TEST_F(Metaphysics, InPlayTheFirstLevelHasItsOwnPrice) {
 }
 
 TEST_F(Metaphysics, PrerequisitesWithAlternativesJudgedAsTheyStand) {
-    const struct {
-        const char* text;
-        std::vector<std::pair<const char*, const char*>> rows;
-        bool met;
-    } cases[] = {
+    const struct { const char* text; std::vector<std::pair<const char*, const char*>> rows; bool met; } cases[] = {
         {"Ward,2", {{"Ward", "2"}}, true},
         {"Ward,2", {{"ward", "1"}}, false},
         {"A,1&&B,1", {{"A", "1"}}, false},
