@@ -27,9 +27,7 @@ class Qualities : public SheetTest {
         Repeat(QualityUpDownArrows_Up, levels);
         QualityRecordButton_Action(*sheet);
     }
-    std::string Row(int row, int from, int to) {
-        return Cells(sheet->QualityListBox, row, from, to);
-    }
+    std::string Row(int row, int from, int to) { return Cells(sheet->QualityListBox, row, from, to); }
     static constexpr const char* kRefused = "Prerequisites are not met. This cannot be purchased.";
 };
 
@@ -88,9 +86,7 @@ TEST_F(Qualities, RecordingWritesTheRowAndEmptiesTheEntry) {
         "QualityNoteField=|QualityXPCostPerLevelField=|QualityField=4/10|q_row=-1|savedChar=false");
     EXPECT_EQ(sheet->q_attributes[Perception] + sheet->q_bonuspts[0].size(), 0u);
 
-    const struct {
-        const char *name, *markers;
-    } cases[] = {{"Essence Channeling", "Essence Channeling/"},
+    const struct { const char *name, *markers; } cases[] = {{"Essence Channeling", "Essence Channeling/"},
                  {"Sadicas Gift", "Sadicas Gift/"},
                  {"taint", "Taint Channeling/5"},
                  {"TAINT CHANNELING", "Taint Channeling/"},
@@ -109,10 +105,7 @@ TEST_F(Qualities, RecordingWritesTheRowAndEmptiesTheEntry) {
 }
 
 TEST_F(Qualities, PrerequisitesCountMatchingRowsNotRequirements) {
-    const struct {
-        std::vector<std::pair<const char*, const char*>> rows;
-        bool recorded;
-    } cases[] = {
+    const struct { std::vector<std::pair<const char*, const char*>> rows; bool recorded; } cases[] = {
         {{{"keen eye", "3"}, {"IRON WILL", "1"}}, true},
         {{{"Keen Eye", "2"}, {"Keen Eye", "4"}}, true},  // two rows stand in for Iron Will
         {{{"Keen Eye", "1"}, {"Iron Will", "1"}}, false},
