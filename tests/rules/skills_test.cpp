@@ -37,12 +37,7 @@ class Skills : public SheetTest {
 };
 
 TEST_F(Skills, LevelsArePricedByClassAndModeAndGivenBackExactly) {
-    const struct {
-        const char* type;
-        bool inPlay;
-        int from, to;
-        const char* cost;
-    } cases[] = {{"Regular", true, 0, 1, "6"},    {"Special", true, 0, 1, "8"},
+    const struct { const char* type; bool inPlay; int from, to; const char* cost; } cases[] = {{"Regular", true, 0, 1, "6"},    {"Special", true, 0, 1, "8"},
                  {"cinematic", true, 0, 1, "5"},  {"Regular", true, 0, 3, "11"},
                  {"Special", true, 2, 3, "4"},    {"Cinematic", true, 2, 3, "6"},
                  {"Regular", false, 5, 6, "3"},   {"Special", false, 5, 6, "5"},
@@ -241,11 +236,7 @@ TEST_F(Skills, ReopeningASkillRestoresItsMovesInOrderWithTheirMarks) {
 }
 
 TEST_F(Skills, TheMenuOffersTheStyleSpecialMovesOrAllMoves) {
-    const struct {
-        const char* name;
-        const char* heading;
-        const char* offered;
-    } cases[] = {
+    const struct { const char *name, *heading, *offered; } cases[] = {
         {"Martial Arts(River Fist)", "Combat Move", "Flowing Strike|Joint Lock|Disarm"},
         {"Martial Arts(River Fist) (Specialty)", "Martial Maneuver",
          "Punch|Kick|Block|Dodge|Sweep|Throw|Disarm|Joint Lock|Crane Step|Flowing Strike"},
