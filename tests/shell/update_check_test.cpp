@@ -56,11 +56,7 @@ void waitFor(const std::function<bool()>& done) {
 
 TEST(CheckUpdatesWindow, ShowsTheFirstLineOfAnyAnswerOrTheCodeOfAFailure) {
     test::GuiTestApp();
-    const struct {
-        const char* status;  // null: no server listens
-        const char* body;
-        const char* shown;
-    } cases[] = {{"200 OK", "1.2.0", "1.2.0"},
+    const struct { const char *status, *body, *shown; } cases[] = {  // status null: no server{"200 OK", "1.2.0", "1.2.0"},
                  {"200 OK", "1.3.0\r\nfixes", "1.3.0"},
                  {"404 Not Found", "<html>Gone</html>\nmore", "<html>Gone</html>"},
                  {nullptr, "", ""}};
