@@ -9,11 +9,7 @@ namespace zeph {
 namespace {
 
 TEST(AboutWindow, NamesTheBooksInUse) {
-    const struct {
-        const char* root;
-        const char* codes;
-        const char* books;
-    } cases[] = {
+    const struct { const char *root, *codes, *books; } cases[] = {
         {"<zephalondata fullref=\"Book One and Two\"/>", "AFMBE", "Book One and Two"},
         {"<zephalondata fullref=\"\"/>", "AFMBE WC", "All Flesh Must Be Eaten, Witchcraft."},
         {"<zephalondata/>", "arm ac Hod mc",
