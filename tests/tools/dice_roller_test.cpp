@@ -8,15 +8,7 @@ namespace zeph {
 namespace {
 
 TEST(DiceWindow, LogsEachRollByTheRulesOfItsMode) {
-    const struct {
-        const char* name;
-        const char* mode;  // "plain", "skill" or "armor"
-        const char* die;
-        const char* add;
-        const char* multiplier;
-        std::vector<int> draws;
-        const char* line;
-    } cases[] = {
+    const struct { const char *name, *mode, *die, *add, *multiplier; std::vector<int> draws; const char* line; } cases[] = {
         {"Plain", "plain", "D4", "3", "1", {4}, "Roll: 4 Total: 7"},
         {"PlainMultiplied", "plain", "D20", "2", "3", {20}, "Roll: 20 Total: 66"},
         {"PlainOneRollsNoMore", "plain", "D10", "0", "1", {1}, "Roll: 1 Total: 1"},
