@@ -10,8 +10,6 @@ choose QualityTypePopup Supernatural
 choose QualityPopup Adept
 do QualityUpDownArrows_Up
 do QualityRecordButton_Action
-expect QualityListBox.ListCount 0
-expect QualityNameField Adept
 choose QualityPopup Essence Channeling
 do QualityUpDownArrows_Up
 do QualityUpDownArrows_Up
@@ -27,8 +25,6 @@ do QualityRecordButton_Action
 choose QualityTypePopup Supernatural
 choose QualityPopup Shifting Skin
 choose QualityAlternateFormCombo Wolf Shape
-expect QualityNameField Shifting Skin(Wolf Shape)
-expect QualityCostPerLevelField 10/10
 do QualityUpDownArrows_Up
 do QualityRecordButton_Action
 expect QualityListBox[2] Shifting Skin(Wolf Shape)|1|10||Takes on a beast shape at will.|ZMC p. 31||1|10/10|10/10||0|0|0|0|0|0|||||||||||&&Wolf Shape,Bear Shape&&Wolf Shape
@@ -52,4 +48,3 @@ expect QualityListBox[0] Essence Channeling|3|4|4|Draws on inner essence to fuel
 expect SavedExperienceField 6
 expect SpentExperienceField 4
 do AltFormButton_Action
-print AltFormField
