@@ -22,15 +22,11 @@ set NotesField Grew up over a bakery.\nKeeps a ledger of favours.
 do EquipmentTypePopup_GotFocus
 choose EquipmentTypePopup Weapons
 do EquipmentField_ContextualMenuAction Hunter's Knife
-expect savedChar false
 save /tmp/zephalon-script-save-and-open.txt
 expect title zephalon-script-save-and-open.xml
-expect savedChar true
 expect DataModule.recentMenuItems zephalon-script-save-and-open.xml|-|Clear
 
 open /tmp/zephalon-script-save-and-open.xml
-expect title Zephalon CC: Wren Hollis
-expect savedChar true
 expect StrengthTotal 3
 expect ChooseCharPopup.rows Survivor
 expect SkillListBox[1] Lucid Dream|1|2|0|Control of one's own dreams through trained visualizations.|ZMC p. 40|Special|
