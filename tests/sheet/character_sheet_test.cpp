@@ -43,6 +43,7 @@ TEST_F(NewSheet, ListRowsHaveEveryColumnOneSelectedRowAndBoldMarks) {
     list.SetCell(1, 1, "B");
     list.SetCell(2, 1, "a");
     list.SortRows(1);  // without regard to case; equal texts keep their order
+    EXPECT_THROW(list.SortRows(28), std::out_of_range);
     EXPECT_EQ(list.Cell(0, 0) + "|" + list.Cell(1, 0) + "|" + list.Cell(2, 0), "First|--|Last");
 
     ListItem& moves = sheet->SkillMartialVisualListBox;

@@ -43,7 +43,7 @@ ToolView* ShowAboutView(const DataModule& data, const MenuSources& menus) {
     layout->addStretch(1);
     layout->addWidget(credit);
     view->Finish(layout);
-    view->show();
+    ShowInFront(*view);
     return view;
 }
 

@@ -35,7 +35,7 @@ ToolView* ShowDiceView(RandomSource& random, const MenuSources& menus) {
     layout->addLayout(modes);
     layout->addWidget(view->Bind("EditField1"), 1);
     view->Finish(layout);
-    view->show();
+    ShowInFront(*view);
     return view;
 }
 

@@ -95,10 +95,7 @@ bool GuiApp::HandlesCommand(const std::string& name) const {
 
 void GuiApp::showSingle(QPointer<ToolView>& single, const std::function<ToolView*()>& make) {
     if (!single) CallCore([&] { single = make(); });
-    if (!single) return;
-    single->show();
-    single->raise();
-    single->activateWindow();
+    if (single) ShowInFront(*single);
 }
 
 void GuiApp::RunCommand(const std::string& name) {

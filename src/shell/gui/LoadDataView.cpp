@@ -47,7 +47,7 @@ ToolView* ShowLoadDataView(DataModule& data, Platform& platform, App& app,
     layout->addWidget(path);
     layout->addLayout(buttons);
     view->Finish(layout);
-    view->show();
+    ShowInFront(*view);
     return view;
 }
 

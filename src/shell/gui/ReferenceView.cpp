@@ -20,7 +20,7 @@ ToolView* ShowReferenceView(std::unique_ptr<ReferenceWindow> table, const MenuSo
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(list);
     view->Finish(layout);
-    view->show();
+    ShowInFront(*view);
     return view;
 }
 
