@@ -22,6 +22,16 @@ void Click(CharacterSheet& sheet, FlagItem& button, const std::string& name) {
     SwapFields(sheet, name);
 }
 
+// The field of the first pressed button. The two style bars differ only in the last one: the
+// styles ask whether "Alt Form" is pressed, the fonts whether its field is shown.
+TextItem* firstPressedField(CharacterSheet& sheet, bool altFormCounts) {
+    if (sheet.NotesButton.Value()) return &sheet.NotesField;
+    if (sheet.ContactsButton.Value()) return &sheet.ContactsField;
+    if (sheet.HistoryButton.Value()) return &sheet.HistoryField;
+    if (altFormCounts) return &sheet.AltFormField;
+    return nullptr;
+}
+
 }  // namespace
 
 void UnselectButtons(CharacterSheet& sheet) {
@@ -50,19 +60,11 @@ void HistoryButton_Action(CharacterSheet& sheet) { Click(sheet, sheet.HistoryBut
 void AltFormButton_Action(CharacterSheet& sheet) { Click(sheet, sheet.AltFormButton, "AltForm"); }
 
 TextItem* DescripStylesTarget(CharacterSheet& sheet) {
-    if (sheet.NotesButton.Value()) return &sheet.NotesField;
-    if (sheet.ContactsButton.Value()) return &sheet.ContactsField;
-    if (sheet.HistoryButton.Value()) return &sheet.HistoryField;
-    if (sheet.AltFormButton.Value()) return &sheet.AltFormField;
-    return nullptr;
+    return firstPressedField(sheet, sheet.AltFormButton.Value());
 }
 
 TextItem* DescripFontsTarget(CharacterSheet& sheet) {
-    if (sheet.NotesButton.Value()) return &sheet.NotesField;
-    if (sheet.ContactsButton.Value()) return &sheet.ContactsField;
-    if (sheet.HistoryButton.Value()) return &sheet.HistoryField;
-    if (sheet.AltFormButton.Visible()) return &sheet.AltFormField;
-    return nullptr;
+    return firstPressedField(sheet, sheet.AltFormButton.Visible());
 }
 
 void AddNotesAreaOperations(OperationTable& table) {
