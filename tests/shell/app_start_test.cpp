@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <fstream>
 #include <memory>
+#include <stdexcept>
 
 #include "platform/ScriptedPlatform.h"
 #include "ruledata/DataModule.h"
@@ -23,6 +24,29 @@
 
 namespace zeph::gui {
 namespace {
+
+// The guard every slot passes through on its way into the core.
+TEST(CoreCall, WorkRunsAQuitIsNoFailureAnyOtherExceptionIsReportedAndStopsTheRest) {
+    std::vector<std::string> reported;
+    ResetUnhandledFailure();
+    FailureHandler previous =
+        SetUnhandledFailureHandler([&](const std::string& message) { reported.push_back(message); });
+    bool ran = false;
+    EXPECT_TRUE(CallCore([&] { ran = true; }));
+    EXPECT_TRUE(ran);
+    EXPECT_FALSE(CallCore([] { throw QuitRequest(0); }));
+    EXPECT_TRUE(reported.empty());
+    EXPECT_TRUE(CallCore([] {}));
+
+    EXPECT_FALSE(CallCore([] { throw std::runtime_error("the rule data vanished"); }));
+    EXPECT_EQ(reported, std::vector<std::string>{"the rule data vanished"});
+    EXPECT_TRUE(UnhandledFailureHappened());
+    ran = false;
+    EXPECT_FALSE(CallCore([&] { ran = true; }));
+    EXPECT_FALSE(ran);
+    SetUnhandledFailureHandler(previous);
+    ResetUnhandledFailure();
+}
 
 class AppStart : public ::testing::Test {
   protected:

@@ -56,10 +56,11 @@ void waitFor(const std::function<bool()>& done) {
 
 TEST(CheckUpdatesWindow, ShowsTheFirstLineOfAnyAnswerOrTheCodeOfAFailure) {
     test::GuiTestApp();
-    const struct { const char *status, *body, *shown; } cases[] = {  // status null: no server{"200 OK", "1.2.0", "1.2.0"},
-                 {"200 OK", "1.3.0\r\nfixes", "1.3.0"},
-                 {"404 Not Found", "<html>Gone</html>\nmore", "<html>Gone</html>"},
-                 {nullptr, "", ""}};
+    const struct { const char *status, *body, *shown; } cases[] = {  // status null: no server
+        {"200 OK", "1.2.0", "1.2.0"},
+        {"200 OK", "1.3.0\r\nfixes", "1.3.0"},
+        {"404 Not Found", "<html>Gone</html>\nmore", "<html>Gone</html>"},
+        {nullptr, "", ""}};
     for (const auto& c : cases) {
         RecordingPlatform platform;
         auto server = std::make_unique<OneFileServer>(c.status, c.body);
