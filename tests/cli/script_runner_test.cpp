@@ -52,12 +52,12 @@ TEST(ScriptRunner, PrintsItemsPropertiesAndListsInOneLineEach) {
 }
 
 TEST(ScriptRunner, ResultsOfOperationsAndFailedExpectationsArePrintedAndTheRunGoesOn) {
-    Outcome o = run("set StrengthField 6\ndo SumAttrPts\ndo CalcSkillPts\ndo SumMetaPts\n"
+    Outcome o = run("set StrengthField 6\ndo SumAttrPts\ndo CalcSkillPts\ndo SumMetaPts\ndo SumDrawbackPts\n"
                     "expect AgeField 30\nexpect GenderField Male or Female\nexpect AgeField 31\n");
     EXPECT_EQ(o.status, 1);
-    EXPECT_EQ(o.out, "SumAttrPts = 8\nCalcSkillPts = 1\nSumMetaPts = 0\n"
-                     "line 5: expected AgeField = 30\nline 5: got      AgeField = 21\n"
-                     "line 7: expected AgeField = 31\nline 7: got      AgeField = 21\n");
+    EXPECT_EQ(o.out, "SumAttrPts = 8\nCalcSkillPts = 1\nSumMetaPts = 0\nSumDrawbackPts = 0\n"
+                     "line 6: expected AgeField = 30\nline 6: got      AgeField = 21\n"
+                     "line 8: expected AgeField = 31\nline 8: got      AgeField = 21\n");
 }
 
 TEST(ScriptRunner, ScriptErrorsStopWithStatusTwoAndTheirLine) {

@@ -33,7 +33,7 @@ TEST_F(AlternateForms, WritesOneBlockPerForm) {
               "Willpower: 0|Life Points: 0|Endurance Points: 0|Speed: 0|Essence Pool: 17|Armor "
               "Value: |||Wolf|Strength: 5 Dexterity: 3 Constitution: 6|Intelligence: 1 "
               "Perception: 6 Willpower: 1|Life Points: 19.5|Endurance Points: 25|Speed: "
-              "22|Essence Pool: 17|Armor Value: 2|Natural Attacks: Fang d4|Page Reference: ZSB "
+              "22|Essence Pool: 17|Armor Value: 1|Natural Attacks: Fang d4|Page Reference: ZSB "
               "p. 9|||Haze|Strength: 4 Dexterity: 4 Constitution: 3|Intelligence: 2 Perception: 3 "
               "Willpower: 4|Life Points: 15|Endurance Points: 35|Speed: 15|Essence Pool: "
               "17|Other: Drifts through keyholes|||");
@@ -42,9 +42,9 @@ TEST_F(AlternateForms, WritesOneBlockPerForm) {
               "Haze|Strength: 3 Dexterity: 3 Constitution: 5|Intelligence: 2 Perception: 2 "
               "Willpower: 3|Life Points: 21.5|Other: Drifts through keyholes|||Wolf|Strength: 10 "
               "Dexterity: 4 Constitution: 9|Intelligence: 1 Perception: 7 Willpower: 2|Life "
-              "Points: 22|Armor Value: 2|Natural Attacks: Fang d4|Page Reference: ZSB p. 9|||Bear|"
+              "Points: 22|Armor Value: 1|Natural Attacks: Fang d4|Page Reference: ZSB p. 9|||Bear|"
               "Strength: 10 Dexterity: 4 Constitution: 9|Intelligence: 1 Perception: 7 Willpower: "
-              "2|Life Points: 22|Armor Value: 2|||");
+              "2|Life Points: 22|Armor Value: 1|||");
     // The quote breaks the query: what was built before is dropped.
     EXPECT_EQ(Generate({"&&&&Wolf"}, {"Kin's"}, false), "");
     EXPECT_EQ(platform.Messages().size(), 1u) << "only the failure shows a message";

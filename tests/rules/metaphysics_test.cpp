@@ -44,7 +44,7 @@ TEST_F(Metaphysics, ChoosingFillsTheEntryItems) {
     ExpectTexts(
         "MetaNameField=Seer's Eye|MetaMaxLevelField=3/0|MetaCostPerLevelField=1/2|"
         "MetaXPCostPerLevelField=3/6|MetaXPCostNewField=10|MetaLevelField=0|"
-        "MetaReferenceField=ZPR 8|MetaPrerequisiteField=Ward,2|MetaNoteField=|m_altform=Beasts|"
+        "MetaReferenceField=ZPR 8|MetaPrerequisiteField=Ward,2|MetaNoteField=Sees far.|m_altform=Beasts|"
         "m_row=-1");
     EXPECT_EQ(sheet->m_attributes[0] * 10 + sheet->m_attributes[6], 12);
     EXPECT_EQ(sheet->m_bonuspts[0] + sheet->m_bonuspts[5], "31");
@@ -52,7 +52,7 @@ TEST_F(Metaphysics, ChoosingFillsTheEntryItems) {
     Pick("Ward");  // a highest level below 5, and no price of its own for the first level
     ExpectTexts(
         "MetaMaxLevelField=0/4|MetaCostPerLevelField=2/-|MetaXPCostPerLevelField=4/-|"
-        "MetaXPCostNewField=4/-|MetaReferenceField=|MetaPrerequisiteField=");
+        "MetaXPCostNewField=4/-|MetaReferenceField=|MetaPrerequisiteField=|MetaNoteField=");
     EXPECT_EQ(sheet->m_attributes[0] + sheet->m_attributes[6], 0);
     EXPECT_EQ(sheet->m_bonuspts[0] + sheet->m_altform, "");
 }
@@ -142,7 +142,7 @@ TEST_F(Metaphysics, RecordingWritesTheRowAndSumsTheBonuses) {
     Pick("Seer's Eye");
     MetaUpDownArrows_Up(*sheet);
     MetaRecordButton_Action(*sheet);
-    EXPECT_EQ(Row(1, 0, 10), "Seer's Eye|3|3|0||ZPR 8|Ward,2|3/0|1/2|3/6|10");
+    EXPECT_EQ(Row(1, 0, 10), "Seer's Eye|3|3|0|Sees far.|ZPR 8|Ward,2|3/0|1/2|3/6|10");
     EXPECT_EQ(Row(1, 11, 25), "1|0|0|0|0|0|2|0|3|||||1|Beasts");
     ExpectTexts("MetaNameField=|MetaXPCostNewField=|MetaMaxLevelField=|MetaPrerequisiteField=|"
                 "StrengthBonus=3|"

@@ -32,7 +32,9 @@ TEST_F(Recomputation, TheFieldsAloneWithNoTypeThenTheFormulasAndBudgetsOfTheChoi
 
     sheet->m_all_bonuses[6] = 2;
     sheet->m_all_bonuses[7] = -2;
+    sheet->m_all_bonuses[9] = 4;
     Choose("Gifted", "Lone");
+    ExpectTexts("EnduranceBonus=4");
     EXPECT_EQ(sheet->mentalBonus, 1);     // the refilled pool is the whole number of -0.5 + 2
     EXPECT_EQ(sheet->physicalBonus, 0);   // 1.5 - 2, cut towards zero
 }
@@ -113,9 +115,9 @@ TEST_F(Recomputation, MentalAndPhysicalTakeTheirMultiplierFromTheMetaColumn) {
     sheet->QualityListBox.SetCell(0, 17, "Perception&&2");
     FigureSecondaryAttributes(*sheet);
     ExpectTexts("SkillField=0/33");  // a plain word reads its own multiplier
-    sheet->QualityListBox.SetCell(0, 17, "5");
+    sheet->QualityListBox.SetCell(0, 17, "Mental");
     FigureSecondaryAttributes(*sheet);
-    ExpectTexts("SkillField=0/25");  // a plain number adds nothing
+    ExpectTexts("SkillField=0/25");  // without "&&" even a group word adds nothing
 }
 
 TEST_F(Recomputation, FractionsAreCutRowByRowAndTheTaintPoolJoinsTheSummary) {
