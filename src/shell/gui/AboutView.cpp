@@ -43,7 +43,6 @@ ToolView* ShowAboutView(const DataModule& data, const MenuSources& menus) {
     layout->addStretch(1);
     layout->addWidget(credit);
     view->Finish(layout);
-    ShowInFront(*view);
     return view;
 }
 

@@ -37,7 +37,6 @@ ToolView* ShowCheckUpdatesView(Platform& platform, const std::string& webHost,
     buttons->addWidget(view->Button("Close", "ClosePushButton_Action", true));
     grid->addLayout(buttons, 4, 0, 1, 2);
     view->Finish(grid);
-    ShowInFront(*view);
     return view;
 }
 

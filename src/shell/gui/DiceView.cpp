@@ -35,7 +35,6 @@ ToolView* ShowDiceView(RandomSource& random, const MenuSources& menus) {
     layout->addLayout(modes);
     layout->addWidget(view->Bind("EditField1"), 1);
     view->Finish(layout);
-    ShowInFront(*view);
     return view;
 }
 

@@ -47,7 +47,6 @@ ToolView* ShowLoadDataView(DataModule& data, Platform& platform, App& app,
     layout->addWidget(path);
     layout->addLayout(buttons);
     view->Finish(layout);
-    ShowInFront(*view);
     return view;
 }
 

@@ -20,7 +20,6 @@ ToolView* ShowReferenceView(std::unique_ptr<ReferenceWindow> table, const MenuSo
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(list);
     view->Finish(layout);
-    ShowInFront(*view);
     return view;
 }
 

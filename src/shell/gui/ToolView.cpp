@@ -63,6 +63,7 @@ void ToolView::Finish(QLayout* layout) {
     // The size is the view's; the menu bar, which this platform puts in the window, comes on top.
     const int menuHeight = menuWidget() ? menuWidget()->sizeHint().height() : 0;
     resize(model_->Width(), model_->Height() + menuHeight);
+    ShowInFront(*this);
 }
 
 void ToolView::closeEvent(QCloseEvent* event) {

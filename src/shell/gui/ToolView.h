@@ -38,7 +38,8 @@ class ToolView : public QMainWindow, public CommandTarget {
                         bool isDefault = false);
     // Runs the model's operation through the core's guard.
     void Run(const std::string& operation, const std::string& argument = "");
-    // Puts the layout in the window, shows the items as they stand, and sizes the window.
+    // Puts the layout in the window, shows the items as they stand, sizes the window and
+    // brings it to the front.
     void Finish(QLayout* layout);
 
     bool HandlesCommand(const std::string& name) const override { return name == "FileClose"; }
