@@ -24,5 +24,10 @@ expect BooksinUseText Books Currently in Use: Table Test Data
 answer error 7
 tool updates
 expect ProgressWheel1.visible true
+# A download that cannot be read: its message, the wheel stopped, no version.
+answer /nonexistent/zfversion.txt
+tool updates
+expect ProgressWheel1.visible false
+expect OnlineVersionText.visible false
 sheet
 expect NameField 
