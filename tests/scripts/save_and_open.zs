@@ -34,7 +34,7 @@ expect visualizations Mirror Hall,1,
 expect NotesField Grew up over a bakery.\nKeeps a ledger of favours.
 expect EquipmentField.runs [b]Hunter's Knife|\nDamage: D4 x Strength. Damage Type: Slashing. Range: Close. Weight: 0.3 kg. \nReference: ZSB p. 120. \nNotes: A broad single-edged blade.\n
 # Opening does not touch the recent list; an edit asks at closing.
-expect DataModule.recentItemsName zephalon-script-save-and-open.xml
+expect DataModule.recentMenuItems zephalon-script-save-and-open.xml|-|Clear
 set HairField grey
 answer Cancel
 do Event_CancelClose

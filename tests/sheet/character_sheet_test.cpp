@@ -38,13 +38,14 @@ TEST_F(NewSheet, ListRowsHaveEveryColumnOneSelectedRowAndBoldMarks) {
     EXPECT_EQ(list.Cell(1, 0) + list.Cell(2, 0), "--Last");
     EXPECT_EQ(list.LastIndex(), 2);
     EXPECT_THROW(list.InsertRow(4, "Beyond"), std::out_of_range);
-    list.MoveRow(0, 2);  // dragged to the end
+    list.MoveRow(0, 5);  // dragged past the end
+    list.MoveRow(2, 0);  // and back to the top
     list.SetCell(0, 1, "b");
     list.SetCell(1, 1, "B");
     list.SetCell(2, 1, "a");
     list.SortRows(1);  // without regard to case; equal texts keep their order
     EXPECT_THROW(list.SortRows(28), std::out_of_range);
-    EXPECT_EQ(list.Cell(0, 0) + "|" + list.Cell(1, 0) + "|" + list.Cell(2, 0), "First|--|Last");
+    EXPECT_EQ(list.Cell(0, 0) + "|" + list.Cell(1, 0) + "|" + list.Cell(2, 0), "Last|First|--");
 
     ListItem& moves = sheet->SkillMartialVisualListBox;
     moves.AddRow("*Strike");
@@ -58,6 +59,7 @@ TEST_F(NewSheet, ListRowsHaveEveryColumnOneSelectedRowAndBoldMarks) {
     moves.SetSelected(2, true);
     EXPECT_EQ(moves.ListIndex(), 1);  // the first of several selected rows
     moves.RemoveRow(0);
+    EXPECT_THROW(moves.RemoveRow(2), std::out_of_range);
     EXPECT_EQ(moves.ListIndex(), 0);
     EXPECT_EQ(moves.Heading(0), "Martial Maneuver");
 }
