@@ -80,7 +80,7 @@ TEST_F(Qualities, ArrowsPriceLevelsAboveFiveAtTheHighValue) {
 
 TEST_F(Qualities, RecordingWritesTheRowAndEmptiesTheEntry) {
     Buy("Keen Eye", 2);
-    EXPECT_EQ(Row(0, 0, 27), "Keen Eye|2|4|0|Sharp.|ZPR 3||4|2/-|5/-||0|0|0|0|1|0|2|||||||1|||");
+    EXPECT_EQ(Row(0, 0, 27), "Keen Eye|2|4|0|Sharp.|ZPR 3||4|2/-|5/-||2|0|0|0|1|0|2|||||||1|||");
     ExpectTexts(
         "QualityNameField=|QualityLevelField=|QualityCostField=|QualityMaxLevelField=|"
         "QualityNoteField=|QualityXPCostPerLevelField=|QualityField=4/10|q_row=-1|savedChar=false");
