@@ -1,6 +1,10 @@
 #include "cli/ScriptRunner.h"
 
+#include "cli/StateSnapshot.h"
+
+#include <algorithm>
 #include <filesystem>
+#include <set>
 #include <regex>
 
 #include "documents/CharacterFile.h"
@@ -25,35 +29,6 @@ std::pair<std::string, std::string> firstWord(const std::string& text) {
     return {text.substr(0, blank), text.substr(blank + 1)};
 }
 
-std::string boolText(bool value) { return value ? "true" : "false"; }
-
-std::string listRowText(const ListItem& list, int row) {
-    std::string text;
-    for (int column = 0; column < list.ColumnCount(); ++column) {
-        if (column > 0) text += "|";
-        text += list.Cell(row, column);
-    }
-    return text;
-}
-
-// A styled text's runs joined by "|", each after the marks of its styles: "[b]Name|details".
-std::string runsText(const StyledText& styled) {
-    std::vector<std::string> runs;
-    for (const StyleRun& run : styled.runs) {
-        const std::string marks = std::string(run.bold ? "b" : "") + (run.italic ? "i" : "") +
-                                  (run.underline ? "u" : "");
-        runs.push_back((marks.empty() ? "" : "[" + marks + "]") + run.text);
-    }
-    return JoinFields(runs, "|");
-}
-
-std::string itemText(const Item& item) {
-    if (auto* text = dynamic_cast<const TextItem*>(&item)) return text->Text();
-    if (auto* flag = dynamic_cast<const FlagItem*>(&item)) return boolText(flag->Value());
-    if (auto* combo = dynamic_cast<const ComboItem*>(&item)) return combo->Text();
-    return "";
-}
-
 }  // namespace
 
 ScriptRunner::ScriptRunner(std::ostream& out, std::ostream& err,
@@ -66,6 +41,8 @@ ScriptRunner::ScriptRunner(std::ostream& out, std::ostream& err,
       app_(data_, platform_) {
     sheets_.push_back(std::make_unique<CharacterSheet>(data_, platform_, SheetOperations()));
     sheet_ = sheets_.back().get();
+    witness_.Watch(sheet_->Items());
+    rebase();
     platform_.SetLineSink([this](const std::string& line) { out_ << line << "\n"; });
 }
 
@@ -75,6 +52,13 @@ int ScriptRunner::Run(std::istream& script) {
         ++lineNumber_;
         if (!line.empty() && line.back() == '\r') line.pop_back();
         if (line.empty() || line[0] == '#') continue;
+        // A line ending in " \\" goes on in the next one, whose leading blanks go.
+        std::string more;
+        while (line.size() >= 2 && line.ends_with(" \\") && std::getline(script, more)) {
+            ++lineNumber_;
+            line.pop_back();
+            line += more.substr(std::min(more.find_first_not_of(' '), more.size()));
+        }
         try {
             runLine(line);
         } catch (const ScriptError& error) {
@@ -130,7 +114,7 @@ void ScriptRunner::runLine(const std::string& line) {
     }
     if (command == "sheet") {
         tool_ = nullptr;
-        return;
+        return rebase();
     }
     if (command == "rolls") {
         for (const std::string& draw : SplitFields(rest, ' ')) {
@@ -156,6 +140,7 @@ void ScriptRunner::runLine(const std::string& line) {
     }
     if (command == "expect") {
         auto [name, expected] = firstWord(rest);
+        if (name == "changed") return expectChanged(expected);
         std::vector<std::string> shown;
         for (const auto& value : values(name)) shown.push_back(value.second);
         std::string actual = JoinFields(shown, "\\n");
@@ -247,6 +232,8 @@ void ScriptRunner::openTool(const std::string& kind, const std::string& name) {
     }
     tools_.push_back(std::move(tool));
     tool_ = tools_.back().get();
+    witness_.Watch(tool_->Items());
+    rebase();
 }
 
 void ScriptRunner::openCharacter(const std::string& path) {
@@ -254,13 +241,57 @@ void ScriptRunner::openCharacter(const std::string& path) {
     // As a new window does: the recent submenu refilled, nothing unsaved yet.
     RemoveRecentOpenItems(data_);
     RebuildRecentOpenItems(data_);
+    // What the opening filled in counts as changed, from the new sheet's defaults.
+    StateSnapshot fresh = TakeSnapshot(opened->Items(), &opened->Properties());
+    witness_.Watch(opened->Items());
     LoadXMLCharSheet(*opened, path);
     if (opened->characterClosed) {
         out_ << "open: the character closed\n";
         return;
     }
+    baseline_ = std::move(fresh);
     sheets_.push_back(std::move(opened));
     sheet_ = sheets_.back().get();
+}
+
+void ScriptRunner::rebase() {
+    baseline_ = tool_ ? TakeSnapshot(tool_->Items(), nullptr)
+                      : TakeSnapshot(sheet_->Items(), &sheet_->Properties());
+    witness_.Clear();
+}
+
+void ScriptRunner::expectChanged(const std::string& expectedText) {
+    std::map<std::string, std::string> expected;
+    for (std::size_t from = 0; from < expectedText.size();) {
+        const std::size_t end = std::min(expectedText.find(" ; ", from), expectedText.size());
+        const std::string entry = expectedText.substr(from, end - from);
+        const std::size_t equals = entry.find('=');
+        if (equals == std::string::npos) throw ScriptError{"expect changed takes NAME=TEXT ; ..."};
+        expected[entry.substr(0, equals)] = entry.substr(equals + 1);
+        from = end + 3;
+    }
+    const StateSnapshot before = std::move(baseline_);
+    const std::set<std::string> told = witness_.Told();
+    rebase();
+    const std::map<std::string, std::string> changed = ChangedEntries(before, baseline_);
+    const ItemRegistry& items = tool_ ? tool_->Items() : sheet_->Items();
+    std::vector<std::string> faults, got;
+    for (const auto& [name, value] : changed) {
+        got.push_back(name + "=" + value);
+        auto wanted = expected.find(name);
+        if (wanted == expected.end()) faults.push_back(name + " changed to " + value + " unexpectedly");
+        else if (wanted->second != value)
+            faults.push_back(name + " = " + value + ", expected " + wanted->second);
+        const std::string item = ItemOfEntry(name);
+        if (items.Find(item) != nullptr && !told.count(item))
+            faults.push_back(item + " changed without telling its observers");
+    }
+    for (const auto& [name, value] : expected)
+        if (!changed.count(name)) faults.push_back(name + " did not change; expected " + value);
+    if (faults.empty()) return;
+    expectationFailed_ = true;
+    for (const std::string& fault : faults) out_ << "line " << lineNumber_ << ": " << fault << "\n";
+    out_ << "line " << lineNumber_ << ": got changed " << JoinFields(got, " ; ") << "\n";
 }
 
 void ScriptRunner::chooseRecentItem(const std::string& caption) {
@@ -286,12 +317,12 @@ std::vector<std::pair<std::string, std::string>> ScriptRunner::values(const std:
         if (base == "Title") return one(tool_->Title());
         if (base == "Width") return one(Str(tool_->Width()));
         if (base == "Height") return one(Str(tool_->Height()));
-        if (base == "Closed") return one(boolText(tool_->Closed()));
+        if (base == "Closed") return one(BoolText(tool_->Closed()));
     }
     if (!hasRow && attribute.empty()) {
         if (const auto* property = tool_ ? nullptr : sheet_->Properties().Find(base))
             return one(property->get());
-        if (base == "App.doneloading") return one(boolText(app_.doneloading));
+        if (base == "App.doneloading") return one(BoolText(app_.doneloading));
         if (base == "DataModule.zephalondata") return one(data_.zephalondata);
         if (base == "DataModule.datafilepath") return one(data_.datafilepath);
         if (base == "DataModule.knowndatafiles") return one(JoinFields(data_.knowndatafiles, ","));
@@ -310,12 +341,12 @@ std::vector<std::pair<std::string, std::string>> ScriptRunner::values(const std:
     if (hasRow) {
         if (list == nullptr) throw ScriptError{base + " is not a list"};
         if (row < 0 || row >= list->ListCount()) throw ScriptError{base + " has no row " + parts[2].str()};
-        if (attribute == "bold") return one(boolText(list->CellBold(row, 0)));
+        if (attribute == "bold") return one(BoolText(list->CellBold(row, 0)));
         if (!attribute.empty()) throw ScriptError{"cannot read " + name};
-        return one(listRowText(*list, row));
+        return one(ListRowText(*list, row));
     }
-    if (attribute == "visible") return one(boolText(target.Visible()));
-    if (attribute == "enabled") return one(boolText(target.Enabled()));
+    if (attribute == "visible") return one(BoolText(target.Visible()));
+    if (attribute == "enabled") return one(BoolText(target.Enabled()));
     if (attribute == "ListIndex" && list) return one(Str(list->ListIndex()));
     if (attribute == "ListIndex" && combo) return one(Str(combo->ListIndex()));
     if (attribute == "ListCount" && list) return one(Str(list->ListCount()));
@@ -329,16 +360,16 @@ std::vector<std::pair<std::string, std::string>> ScriptRunner::values(const std:
         return one(JoinFields(headings, "|"));
     }
     if (attribute == "ColumnWidths" && list) return one(list->ColumnWidths());
-    if (attribute == "runs" && text) return one(runsText(text->Styled()));
+    if (attribute == "runs" && text) return one(RunsText(text->Styled()));
     if (!attribute.empty()) throw ScriptError{"cannot read " + name};
     if (list) {
         std::vector<std::pair<std::string, std::string>> lines;
         for (int r = 0; r < list->ListCount(); ++r)
             lines.emplace_back(base + "[" + std::to_string(r) + "]",
-                               EscapeLineEnds(listRowText(*list, r)));
+                               EscapeLineEnds(ListRowText(*list, r)));
         return lines;
     }
-    return one(itemText(target));
+    return one(ItemText(target));
 }
 
 }  // namespace zeph

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/StateSnapshot.h"
 #include "platform/ScriptedPlatform.h"
 #include "ruledata/DataModule.h"
 #include "shell/App.h"
@@ -39,12 +40,20 @@ private:
     // Opens the character file into a new sheet, which becomes the target if it stays open.
     void openCharacter(const std::string& path);
     void chooseRecentItem(const std::string& caption);
+    // The target's state now becomes what the next `expect changed` compares with.
+    void rebase();
+    // `expect changed NAME=TEXT ; NAME=TEXT ...`: exactly these entries changed since the last
+    // one (or since the target became the target), each item among them told its observers.
+    void expectChanged(const std::string& expected);
 
     std::ostream& out_;
     std::ostream& err_;
     ScriptedPlatform platform_;
     DataModule data_;
     App app_;
+    // Declared before the sheets and tools it watches, so that it outlives them.
+    ChangeWitness witness_;
+    StateSnapshot baseline_;
     // Every sheet opened, the first one empty; `sheet_` is the one the commands act on.
     std::vector<std::unique_ptr<CharacterSheet>> sheets_;
     CharacterSheet* sheet_ = nullptr;

@@ -1,0 +1,90 @@
+#include "cli/StateSnapshot.h"
+
+#include "platform/ScriptedPlatform.h"
+#include "text/TextHelpers.h"
+
+namespace zeph {
+
+std::string BoolText(bool value) { return value ? "true" : "false"; }
+
+std::string ListRowText(const ListItem& list, int row) {
+    std::string text;
+    for (int column = 0; column < list.ColumnCount(); ++column) {
+        if (column > 0) text += "|";
+        text += list.Cell(row, column);
+    }
+    return text;
+}
+
+std::string RunsText(const StyledText& styled) {
+    std::vector<std::string> runs;
+    for (const StyleRun& run : styled.runs) {
+        const std::string marks = std::string(run.bold ? "b" : "") + (run.italic ? "i" : "") +
+                                  (run.underline ? "u" : "");
+        runs.push_back((marks.empty() ? "" : "[" + marks + "]") + run.text);
+    }
+    return JoinFields(runs, "|");
+}
+
+std::string ItemText(const Item& item) {
+    if (auto* text = dynamic_cast<const TextItem*>(&item)) return text->Text();
+    if (auto* flag = dynamic_cast<const FlagItem*>(&item)) return BoolText(flag->Value());
+    if (auto* combo = dynamic_cast<const ComboItem*>(&item)) return combo->Text();
+    return "";
+}
+
+StateSnapshot TakeSnapshot(const ItemRegistry& items, const PropertyRegistry* properties) {
+    StateSnapshot shown;
+    auto put = [&](const std::string& name, const std::string& value) {
+        shown[name] = EscapeLineEnds(value);
+    };
+    for (const Item* item : items.All()) {
+        const std::string& name = item->Name();
+        put(name + ".visible", BoolText(item->Visible()));
+        put(name + ".enabled", BoolText(item->Enabled()));
+        if (const auto* list = dynamic_cast<const ListItem*>(item)) {
+            put(name + ".ListCount", Str(list->ListCount()));
+            put(name + ".ListIndex", Str(list->ListIndex()));
+            for (int row = 0; row < list->ListCount(); ++row) {
+                const std::string at = name + "[" + std::to_string(row) + "]";
+                put(at, ListRowText(*list, row));
+                if (list->CellBold(row, 0)) put(at + ".bold", "true");
+            }
+            continue;
+        }
+        put(name, ItemText(*item));
+        if (const auto* combo = dynamic_cast<const ComboItem*>(item)) {
+            put(name + ".rows", JoinFields(combo->Rows(), "|"));
+            put(name + ".ListIndex", Str(combo->ListIndex()));
+        }
+        if (item->Kind() == ItemKind::Styled)
+            put(name + ".runs", RunsText(dynamic_cast<const TextItem&>(*item).Styled()));
+    }
+    if (properties != nullptr)
+        for (const auto& [name, accessor] : properties->All())
+            if (name != "fileSaveString") put(name, accessor.get());
+    return shown;
+}
+
+std::map<std::string, std::string> ChangedEntries(const StateSnapshot& before,
+                                                  const StateSnapshot& after) {
+    std::map<std::string, std::string> changed;
+    for (const auto& [name, value] : after) {
+        auto old = before.find(name);
+        if (old == before.end() || old->second != value) changed[name] = value;
+    }
+    for (const auto& [name, value] : before)
+        if (!after.count(name)) changed[name] = "";
+    return changed;
+}
+
+std::string ItemOfEntry(const std::string& entry) {
+    return entry.substr(0, entry.find_first_of(".["));
+}
+
+void ChangeWitness::Watch(const ItemRegistry& items) {
+    for (Item* item : items.All())
+        item->Observe([this, name = item->Name()](ItemChange) { told_.insert(name); });
+}
+
+}  // namespace zeph

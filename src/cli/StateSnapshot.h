@@ -1,0 +1,46 @@
+// What a script's target shows, as the lines `print` would give for each of its items and
+// properties, so that a step can be checked for every figure it changed and for nothing else.
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+
+#include "sheet/Item.h"
+#include "sheet/Properties.h"
+
+namespace zeph {
+
+using StateSnapshot = std::map<std::string, std::string>;
+
+// The texts `print` shows: a flag "true"/"false", a list row its cells joined by "|", a styled
+// text its runs joined by "|", each after the marks of its styles ("[b]Name|details").
+std::string BoolText(bool value);
+std::string ItemText(const Item& item);
+std::string ListRowText(const ListItem& list, int row);
+std::string RunsText(const StyledText& styled);
+
+// Every item's text, visibility and enabling, a combo's rows and selection, a list's count,
+// selection and rows (and bold first cells), a styled text's runs; then every property but
+// `fileSaveString` (the saved file itself, which `print` still shows).
+StateSnapshot TakeSnapshot(const ItemRegistry& items, const PropertyRegistry* properties);
+
+// The entries that differ, as "NAME=VALUE" in name order; an entry gone reads "".
+std::map<std::string, std::string> ChangedEntries(const StateSnapshot& before,
+                                                  const StateSnapshot& after);
+
+// The item an entry name belongs to: "QualityListBox[2].bold" -> "QualityListBox".
+std::string ItemOfEntry(const std::string& entry);
+
+// Follows every item of a registry and remembers which told a change since the last Clear.
+class ChangeWitness {
+public:
+    void Watch(const ItemRegistry& items);
+    const std::set<std::string>& Told() const { return told_; }
+    void Clear() { told_.clear(); }
+
+private:
+    std::set<std::string> told_;
+};
+
+}  // namespace zeph
