@@ -245,12 +245,13 @@ void ScriptRunner::openCharacter(const std::string& path) {
     StateSnapshot fresh = TakeSnapshot(opened->Items(), &opened->Properties());
     witness_.Watch(opened->Items());
     LoadXMLCharSheet(*opened, path);
-    if (opened->characterClosed) {
+    // Kept even when it closed itself, as the witness still follows its items.
+    sheets_.push_back(std::move(opened));
+    if (sheets_.back()->characterClosed) {
         out_ << "open: the character closed\n";
         return;
     }
     baseline_ = std::move(fresh);
-    sheets_.push_back(std::move(opened));
     sheet_ = sheets_.back().get();
 }
 

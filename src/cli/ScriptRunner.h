@@ -24,6 +24,8 @@ public:
     ScriptRunner(std::ostream& out, std::ostream& err, const std::string& preferencesFolder,
                  const std::string& applicationFolder);
     int Run(std::istream& script);
+    // The sheet the commands act on when no tool is the target.
+    CharacterSheet& Sheet() { return *sheet_; }
 
 private:
     struct ScriptError {
@@ -51,9 +53,7 @@ private:
     ScriptedPlatform platform_;
     DataModule data_;
     App app_;
-    // Declared before the sheets and tools it watches, so that it outlives them.
-    ChangeWitness witness_;
-    StateSnapshot baseline_;
+
     // Every sheet opened, the first one empty; `sheet_` is the one the commands act on.
     std::vector<std::unique_ptr<CharacterSheet>> sheets_;
     CharacterSheet* sheet_ = nullptr;
@@ -62,6 +62,9 @@ private:
     ToolModel* tool_ = nullptr;
     // What the dice rollers' dice show: the draws `rolls` queued.
     QueuedRandom rolls_;
+    // Declared after the sheets and tools it watches, so that it goes first.
+    ChangeWitness witness_;
+    StateSnapshot baseline_;
     int lineNumber_ = 0;
     bool expectationFailed_ = false;
 };

@@ -82,9 +82,14 @@ std::string ItemOfEntry(const std::string& entry) {
     return entry.substr(0, entry.find_first_of(".["));
 }
 
+ChangeWitness::~ChangeWitness() {
+    for (const auto& [item, token] : watched_) item->StopObserving(token);
+}
+
 void ChangeWitness::Watch(const ItemRegistry& items) {
     for (Item* item : items.All())
-        item->Observe([this, name = item->Name()](ItemChange) { told_.insert(name); });
+        watched_.emplace_back(
+            item, item->Observe([this, name = item->Name()](ItemChange) { told_.insert(name); }));
 }
 
 }  // namespace zeph

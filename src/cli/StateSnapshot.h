@@ -5,6 +5,8 @@
 #include <map>
 #include <set>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "sheet/Item.h"
 #include "sheet/Properties.h"
@@ -32,15 +34,21 @@ std::map<std::string, std::string> ChangedEntries(const StateSnapshot& before,
 // The item an entry name belongs to: "QualityListBox[2].bold" -> "QualityListBox".
 std::string ItemOfEntry(const std::string& entry);
 
-// Follows every item of a registry and remembers which told a change since the last Clear.
+// Follows every item of the registries it watches and remembers which told a change since the
+// last Clear; it stops following them when it goes, so it must go before they do.
 class ChangeWitness {
 public:
+    ChangeWitness() = default;
+    ChangeWitness(const ChangeWitness&) = delete;
+    ChangeWitness& operator=(const ChangeWitness&) = delete;
+    ~ChangeWitness();
     void Watch(const ItemRegistry& items);
     const std::set<std::string>& Told() const { return told_; }
     void Clear() { told_.clear(); }
 
 private:
     std::set<std::string> told_;
+    std::vector<std::pair<Item*, int>> watched_;
 };
 
 }  // namespace zeph
