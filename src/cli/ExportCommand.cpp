@@ -74,7 +74,9 @@ int RunExportCommand(const std::vector<std::string>& arguments, const std::strin
     if (sheet.characterClosed) return 2;
 
     ExportWindow exporter(sheet);
+    const std::size_t messagesBefore = platform.Messages().size();
     exporter.PopupMenu1.SetText(form->second);
+    if (platform.Messages().size() > messagesBefore) return 2;  // the transformation failed
     const std::string result = exporter.EditField1.Text() + "\n";
     if (request.output.empty()) {
         out << result;

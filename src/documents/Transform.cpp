@@ -8,6 +8,7 @@
 
 #include <cstdarg>
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
 
 #include "ruledata/XmlError.h"
@@ -56,18 +57,26 @@ private:
         reports->first_ = error->message;
         reports->line_ = error->line;
     }
+    // A runtime error comes as two reports, where it stands ("runtime error: file F line N
+    // element E") and then what went wrong; both are kept, and N is the line.
     static void generic(void* self, const char* format, ...) {
         auto* reports = static_cast<Reports*>(self);
-        if (!reports->first_.empty()) return;
+        if (!reports->first_.empty() && !reports->placeOnly_) return;
         char text[1024];
         va_list arguments;
         va_start(arguments, format);
         std::vsnprintf(text, sizeof text, format, arguments);
         va_end(arguments);
-        reports->first_ = text;
+        reports->first_ += text;
+        reports->placeOnly_ = !reports->placeOnly_ && reports->first_.starts_with("runtime error: ");
+        if (reports->placeOnly_) {
+            const std::size_t at = reports->first_.find(" line ");
+            if (at != std::string::npos) reports->line_ = std::atoi(reports->first_.c_str() + at + 6);
+        }
     }
 
     std::string first_;
+    bool placeOnly_ = false;
     int line_ = 0;
 };
 
