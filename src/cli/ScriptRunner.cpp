@@ -154,6 +154,8 @@ void ScriptRunner::runLine(const std::string& line) {
 
     auto [name, text] = firstWord(rest);
     if (command == "set") {
+        if (const std::size_t bracket = name.find('['); bracket != std::string::npos)
+            return setRow(name.substr(0, bracket), name.substr(bracket + 1), UnescapeLineEnds(text));
         if (const auto* property = tool_ ? nullptr : sheet_->Properties().Find(name)) {
             property->set(UnescapeLineEnds(text));
             return;
@@ -184,6 +186,20 @@ void ScriptRunner::runLine(const std::string& line) {
     } else {
         throw ScriptError{"unknown command " + command};
     }
+}
+
+void ScriptRunner::setRow(const std::string& name, const std::string& index,
+                          const std::string& cells) {
+    auto* list = dynamic_cast<ListItem*>(&item(name));
+    if (list == nullptr) throw ScriptError{name + " is not a list"};
+    const int row = static_cast<int>(Whole(index));
+    if (row < 0 || row > list->ListCount()) throw ScriptError{name + " has no row " + index};
+    if (row == list->ListCount()) list->AddRow("");
+    const std::vector<std::string> texts = SplitFields(cells, '|');
+    if (static_cast<int>(texts.size()) > list->ColumnCount())
+        throw ScriptError{name + " has " + Str(list->ColumnCount()) + " columns"};
+    for (std::size_t column = 0; column < texts.size(); ++column)
+        list->SetCell(row, static_cast<int>(column), texts[column]);
 }
 
 void ScriptRunner::doOperation(const std::string& name, const std::string& argument) {
@@ -259,6 +275,7 @@ void ScriptRunner::rebase() {
     baseline_ = tool_ ? TakeSnapshot(tool_->Items(), nullptr)
                       : TakeSnapshot(sheet_->Items(), &sheet_->Properties());
     witness_.Clear();
+    messagesSeen_ = platform_.Messages().size();
 }
 
 void ScriptRunner::expectChanged(const std::string& expectedText) {
@@ -273,8 +290,14 @@ void ScriptRunner::expectChanged(const std::string& expectedText) {
     }
     const StateSnapshot before = std::move(baseline_);
     const std::set<std::string> told = witness_.Told();
+    const std::size_t messagesSeen = messagesSeen_;
     rebase();
-    const std::map<std::string, std::string> changed = ChangedEntries(before, baseline_);
+    std::map<std::string, std::string> changed = ChangedEntries(before, baseline_);
+    // The messages shown meanwhile count as a change, all in one entry.
+    const std::vector<std::string>& messages = platform_.Messages();
+    if (messages.size() > messagesSeen)
+        changed["messages"] = EscapeLineEnds(JoinFields(
+            std::vector<std::string>(messages.begin() + static_cast<long>(messagesSeen), messages.end()), " / "));
     const ItemRegistry& items = tool_ ? tool_->Items() : sheet_->Items();
     std::vector<std::string> faults, got;
     for (const auto& [name, value] : changed) {

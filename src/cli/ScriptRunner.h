@@ -33,6 +33,8 @@ private:
     };
     void runLine(const std::string& line);
     void failUnreachedExpectations(std::istream& script);
+    // `set LIST[r] c0|c1|...`: writes the first cells of row r, a new row when r is the count.
+    void setRow(const std::string& name, const std::string& index, const std::string& cells);
     void doOperation(const std::string& name, const std::string& argument);
     // The lines `print NAME` shows, as (name, value) pairs.
     std::vector<std::pair<std::string, std::string>> values(const std::string& name);
@@ -45,7 +47,8 @@ private:
     // The target's state now becomes what the next `expect changed` compares with.
     void rebase();
     // `expect changed NAME=TEXT ; NAME=TEXT ...`: exactly these entries changed since the last
-    // one (or since the target became the target), each item among them told its observers.
+    // one (or since the target became the target), each item among them told its observers;
+    // `messages` holds the messages shown meanwhile, joined by " / ".
     void expectChanged(const std::string& expected);
 
     std::ostream& out_;
@@ -65,6 +68,7 @@ private:
     // Declared after the sheets and tools it watches, so that it goes first.
     ChangeWitness witness_;
     StateSnapshot baseline_;
+    std::size_t messagesSeen_ = 0;
     int lineNumber_ = 0;
     bool expectationFailed_ = false;
 };
