@@ -48,7 +48,7 @@ StateSnapshot TakeSnapshot(const ItemRegistry& items, const PropertyRegistry* pr
             for (int row = 0; row < list->ListCount(); ++row) {
                 const std::string at = name + "[" + std::to_string(row) + "]";
                 put(at, ListRowText(*list, row));
-                if (list->CellBold(row, 0)) put(at + ".bold", "true");
+                if (list->ColumnCount() > 0 && list->CellBold(row, 0)) put(at + ".bold", "true");
             }
             continue;
         }

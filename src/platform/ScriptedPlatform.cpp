@@ -17,8 +17,11 @@ std::string EscapeLineEnds(const std::string& text) {
 std::string UnescapeLineEnds(const std::string& text) {
     std::string plain;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '\\' && i + 1 < text.size() && (text[i + 1] == 'n' || text[i + 1] == 'r')) {
-            plain += text[i + 1] == 'n' ? '\n' : '\r';
+        // "\\b" is the backspace key, as a list's delete key sends it.
+        static const std::string escaped = "nrb", meant = "\n\r\b";
+        const std::size_t kind = i + 1 < text.size() ? escaped.find(text[i + 1]) : std::string::npos;
+        if (text[i] == '\\' && kind != std::string::npos) {
+            plain += meant[kind];
             ++i;
         } else {
             plain += text[i];

@@ -77,6 +77,6 @@ private:
 
 // Writes line ends as \n and carriage returns as \r, so that any value stays on one line.
 std::string EscapeLineEnds(const std::string& text);
-std::string UnescapeLineEnds(const std::string& text);
+std::string UnescapeLineEnds(const std::string& text);  // also "\\b", the backspace key
 
 }  // namespace zeph

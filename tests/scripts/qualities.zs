@@ -123,20 +123,21 @@ do QualityUpDownArrows_Down
 do QualityRecordButton_Action
 expect changed QualityListBox[1]=keen eye|0||||||||||0|0|0|0|0|0|||||||||||
 # The delete key refunds without recomputing; the button recomputes.
-select QualityListBox 2
+select QualityListBox 3
 do QualityListBox_KeyDown \b
-expect changed QualityListBox.ListIndex=2
+expect changed QualityListBox.ListCount=4 ; QualityListBox.ListIndex=3 ; \
+  QualityListBox[3]=Even Keel|2|0|6|||Keen Eye,2&&Iron Will,1|5|2/|3/||0|0|0|0|0|0||||||||||| ; \
+  QualityListBox[4]=
 do QualityListBox_KeyDown a
 select QualityListBox 0
 do QualityRemoveButton_Action
 expect changed EssenceTotal=0 ; \
-  InfoText=Attr(0/20) Q(7/10) D(0/10) S(0/25) M(0/10)      |     Books in use: ZPR ; \
-  PerceptionBonus=0 ; PerceptionTotal=0 ; QualityField=7/10 ; QualityListBox.ListCount=4 ; \
+  InfoText=Attr(0/20) Q(2/10) D(0/10) S(0/25) M(0/10)      |     Books in use: ZPR ; \
+  PerceptionBonus=0 ; PerceptionTotal=0 ; QualityField=2/10 ; QualityListBox.ListCount=3 ; \
   QualityListBox.ListIndex=0 ; QualityListBox[0]=keen eye|0||||||||||0|0|0|0|0|0||||||||||| ; \
   QualityListBox[1]=Even Keel|1|2|0|||Keen Eye,2&&Iron Will,1|5|2/|3/||0|0|0|0|0|0||||||||||| ; \
-  QualityListBox[2]=Iron Will|5|5|0||||8|1/3|4/7||0|0|0|0|0|0||||||||||| ; \
-  QualityListBox[3]=Even Keel|2|0|6|||Keen Eye,2&&Iron Will,1|5|2/|3/||0|0|0|0|0|0||||||||||| ; \
-  QualityListBox[4]= ; SpeedBonus=0 ; SpeedTotal=0 ; StrengthBonus=0 ; StrengthTotal=0
+  QualityListBox[2]=Even Keel|2|0|6|||Keen Eye,2&&Iron Will,1|5|2/|3/||0|0|0|0|0|0||||||||||| ; \
+  QualityListBox[3]= ; SpeedBonus=0 ; SpeedTotal=0 ; StrengthBonus=0 ; StrengthTotal=0
 # Drawbacks go behind the qualities while the box is set; ordering by hand unsets it.
 flag CharacterInPlayBox off
 choose QualityTypePopup Drawbacks
@@ -144,8 +145,8 @@ choose QualityPopup Clumsy
 do QualityUpDownArrows_Up
 do QualityRecordButton_Action
 expect changed CharacterInPlayBox=false ; DrawbackField=-2/10 ; \
-  InfoText=Attr(0/20) Q(7/10) D(-2/10) S(0/25) M(0/10)      |     Books in use: ZPR ; \
-  QualityListBox.ListCount=5 ; QualityListBox[4]=Clumsy|1|-2|0||||3|-2/-|0/-||0|0|0|0|0|0||||||||||| ; \
+  InfoText=Attr(0/20) Q(2/10) D(-2/10) S(0/25) M(0/10)      |     Books in use: ZPR ; \
+  QualityListBox.ListCount=4 ; QualityListBox[3]=Clumsy|1|-2|0||||3|-2/-|0/-||0|0|0|0|0|0||||||||||| ; \
   QualityPopup=Clumsy ; QualityPopup.rows=Clumsy ; QualityTypePopup=Drawbacks ; \
   QualityTypePopup.ListIndex=1
 choose QualityTypePopup Qualities
@@ -153,23 +154,23 @@ choose QualityPopup Keen Eye
 do QualityUpDownArrows_Up
 do QualityRecordButton_Action
 expect changed EssenceTotal=3 ; \
-  InfoText=Attr(0/20) Q(9/10) D(-2/10) S(0/25) M(0/10)      |     Books in use: ZPR ; \
-  PerceptionBonus=1 ; PerceptionTotal=1 ; QualityField=9/10 ; QualityListBox.ListCount=6 ; \
-  QualityListBox[4]=Keen Eye|1|2|0|Sharp.|ZPR 3||4|2/-|5/-||2|0|0|0|1|0|2|||||||1||| ; \
-  QualityListBox[5]=Clumsy|1|-2|0||||3|-2/-|0/-||0|0|0|0|0|0||||||||||| ; QualityPopup=Keen Eye ; \
+  InfoText=Attr(0/20) Q(4/10) D(-2/10) S(0/25) M(0/10)      |     Books in use: ZPR ; \
+  PerceptionBonus=1 ; PerceptionTotal=1 ; QualityField=4/10 ; QualityListBox.ListCount=5 ; \
+  QualityListBox[3]=Keen Eye|1|2|0|Sharp.|ZPR 3||4|2/-|5/-||2|0|0|0|1|0|2|||||||1||| ; \
+  QualityListBox[4]=Clumsy|1|-2|0||||3|-2/-|0/-||0|0|0|0|0|0||||||||||| ; QualityPopup=Keen Eye ; \
   QualityPopup.rows=Keen Eye|Iron Will|Even Keel|Shapeshifter|Nameless ; QualityTypePopup=Qualities ; \
   QualityTypePopup.ListIndex=0 ; SpeedBonus=1 ; SpeedTotal=1 ; StrengthBonus=2 ; StrengthTotal=2
 do QualityListBox_HeaderPressed
 choose QualityTypePopup Drawbacks
 choose QualityPopup Clumsy
 do QualityRecordButton_Action
-expect changed QualitiesSeparateQDBox=false ; QualityListBox.ListCount=7 ; \
-  QualityListBox[6]=Clumsy|0|0|0||||3|-2/-|0/-||0|0|0|0|0|0||||||||||| ; QualityPopup=Clumsy ; \
+expect changed QualitiesSeparateQDBox=false ; QualityListBox.ListCount=6 ; \
+  QualityListBox[5]=Clumsy|0|0|0||||3|-2/-|0/-||0|0|0|0|0|0||||||||||| ; QualityPopup=Clumsy ; \
   QualityPopup.rows=Clumsy ; QualityTypePopup=Drawbacks ; QualityTypePopup.ListIndex=1
 flag QualitiesSeparateQDBox on
 expect changed QualitiesSeparateQDBox=true ; \
-  QualityListBox[5]=Clumsy|0|0|0||||3|-2/-|0/-||0|0|0|0|0|0||||||||||| ; \
-  QualityListBox[6]=Clumsy|1|-2|0||||3|-2/-|0/-||0|0|0|0|0|0|||||||||||
+  QualityListBox[4]=Clumsy|0|0|0||||3|-2/-|0/-||0|0|0|0|0|0||||||||||| ; \
+  QualityListBox[5]=Clumsy|1|-2|0||||3|-2/-|0/-||0|0|0|0|0|0|||||||||||
 do QualityListBox_DragReorderRows
 expect changed QualitiesSeparateQDBox=false
 # The forms offered and the one chosen travel with the row and come back with it.
@@ -184,15 +185,15 @@ expect changed QualityAltFormText.visible=true ; QualityAlternateFormCombo.rows=
 choose QualityAlternateFormCombo Hawk
 do QualityUpDownArrows_Up
 do QualityRecordButton_Action
-expect changed InfoText=Attr(0/20) Q(13/10) D(-2/10) S(0/25) M(0/10)      |     Books in use: ZPR ; \
+expect changed InfoText=Attr(0/20) Q(8/10) D(-2/10) S(0/25) M(0/10)      |     Books in use: ZPR ; \
   QualityAltFormText.visible=false ; QualityAlternateFormCombo.rows= ; \
   QualityAlternateFormCombo.visible=false ; QualityCostField= ; QualityCostPerLevelField= ; \
-  QualityField=13/10 ; QualityLevelField= ; QualityListBox.ListCount=8 ; \
-  QualityListBox[7]=Shapeshifter(Hawk)|1|4|||||1|4/4|4/4||0|0|0|0|0|0|||||||||||&&Wolf,Hawk&&Hawk ; \
+  QualityField=8/10 ; QualityLevelField= ; QualityListBox.ListCount=7 ; \
+  QualityListBox[6]=Shapeshifter(Hawk)|1|4|||||1|4/4|4/4||0|0|0|0|0|0|||||||||||&&Wolf,Hawk&&Hawk ; \
   QualityMaxLevelField= ; QualityNameField= ; QualityXPCostField= ; QualityXPCostPerLevelField=
 select QualityListBox 3
 do QualityListBox_DoubleClick
-expect changed QualityCostField=0 ; QualityCostPerLevelField=2/ ; QualityLevelField=2 ; \
-  QualityListBox.ListIndex=3 ; QualityMaxLevelField=5 ; QualityNameField=Even Keel ; \
-  QualityPrerequisiteField=Keen Eye,2&&Iron Will,1 ; QualityXPCostField=6 ; \
-  QualityXPCostPerLevelField=3/ ; q_row=3
+expect changed QualityCostField=2 ; QualityCostPerLevelField=2/- ; QualityLevelField=1 ; \
+  QualityListBox.ListIndex=3 ; QualityMaxLevelField=4 ; QualityNameField=Keen Eye ; \
+  QualityNoteField=Sharp. ; QualityReferenceField=ZPR 3 ; QualityXPCostField=0 ; \
+  QualityXPCostPerLevelField=5/- ; q_attributes=2,0,0,0,1,0,0 ; q_bonuspts=2,,,,,,,1,,, ; q_row=3
