@@ -31,6 +31,7 @@ TEST_F(Qualities, RecordingMarksThePoolsByName) {
                  {"TAINT CHANNELING", "Taint Channeling/"},
                  {"Adept", "Adept/"},
                  {"Taint Pool Reserve", "/5"}};
+    AddQualityRow("Keen Eye", {{1, "1"}});
     for (const auto& c : cases) {
         Pick("Nameless");
         sheet->QualityNameField.SetText(c.name);
@@ -39,7 +40,7 @@ TEST_F(Qualities, RecordingMarksThePoolsByName) {
         const int row = sheet->QualityListBox.LastIndex();
         EXPECT_EQ(Row(row, 10, 10) + "/" + Row(row, 26, 26), c.markers) << c.name;
     }
-    EXPECT_EQ(Row(0, 6, 6), "Keen Eye,0 ") << "a line end becomes one blank";
+    EXPECT_EQ(Row(1, 6, 6), "Keen Eye,0 ") << "a line end becomes one blank";
 }
 
 // Rows whose cost and experience add up below 0 go behind, each group in its order.
