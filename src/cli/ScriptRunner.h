@@ -69,6 +69,7 @@ private:
     ChangeWitness witness_;
     StateSnapshot baseline_;
     std::size_t messagesSeen_ = 0;
+    bool freshTarget_ = false;  // a tool just opened: its first state was never told
     int lineNumber_ = 0;
     bool expectationFailed_ = false;
 };

@@ -40,8 +40,9 @@ StateSnapshot TakeSnapshot(const ItemRegistry& items, const PropertyRegistry* pr
     };
     for (const Item* item : items.All()) {
         const std::string& name = item->Name();
-        put(name + ".visible", BoolText(item->Visible()));
-        put(name + ".enabled", BoolText(item->Enabled()));
+        // Shown and enabled are the rule: only their exceptions are entries.
+        if (!item->Visible()) put(name + ".visible", "false");
+        if (!item->Enabled()) put(name + ".enabled", "false");
         if (const auto* list = dynamic_cast<const ListItem*>(item)) {
             put(name + ".ListCount", Str(list->ListCount()));
             put(name + ".ListIndex", Str(list->ListIndex()));
@@ -66,6 +67,14 @@ StateSnapshot TakeSnapshot(const ItemRegistry& items, const PropertyRegistry* pr
     return shown;
 }
 
+namespace {
+
+bool IsShownOrEnabled(const std::string& entry) {
+    return entry.ends_with(".visible") || entry.ends_with(".enabled");
+}
+
+}  // namespace
+
 std::map<std::string, std::string> ChangedEntries(const StateSnapshot& before,
                                                   const StateSnapshot& after) {
     std::map<std::string, std::string> changed;
@@ -74,7 +83,7 @@ std::map<std::string, std::string> ChangedEntries(const StateSnapshot& before,
         if (old == before.end() || old->second != value) changed[name] = value;
     }
     for (const auto& [name, value] : before)
-        if (!after.count(name)) changed[name] = "";
+        if (!after.count(name)) changed[name] = IsShownOrEnabled(name) ? "true" : "";
     return changed;
 }
 

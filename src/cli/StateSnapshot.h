@@ -22,12 +22,13 @@ std::string ItemText(const Item& item);
 std::string ListRowText(const ListItem& list, int row);
 std::string RunsText(const StyledText& styled);
 
-// Every item's text, visibility and enabling, a combo's rows and selection, a list's count,
+// Every item's text, its being hidden or disabled, a combo's rows and selection, a list's count,
 // selection and rows (and bold first cells), a styled text's runs; then every property but
 // `fileSaveString` (the saved file itself, which `print` still shows).
 StateSnapshot TakeSnapshot(const ItemRegistry& items, const PropertyRegistry* properties);
 
-// The entries that differ, as "NAME=VALUE" in name order; an entry gone reads "".
+// The entries that differ, as "NAME=VALUE" in name order; an entry gone reads "", or "true"
+// for a hidden or disabled mark.
 std::map<std::string, std::string> ChangedEntries(const StateSnapshot& before,
                                                   const StateSnapshot& after);
 
