@@ -231,7 +231,8 @@ const std::vector<std::string> kOutsideTheIndex = {
     "..", ".", "//a[-1]", "//a[1234567890]", "//a[@b='c\"]", "//a[@b=\"c']", "//a[@b='x'y']",
     "a|b", "//a[@b]", "//a[@b='\x01']", "//a[@b='\xC3']", "//a[@b='\xC0\x80']", "//Été", "1a",
     "//a/*/", "child::a", "//a[@*='c']", "//a[ 1]", "//a[@b='c' ]", "*[@b='c']//*", "//a[@b=c]",
-    "//a[@b='\xC3x']", "//a[@b='\xC3\xA9\x01']", std::string("//a\0", 4)};
+    "//a[@b='\xC3x']", "//a[@b='\xC3\xA9\x01']", "//a[@b='\xED\xA0\x80']", "//a[@b='\xEF\xBF\xBE']",
+    std::string("//a\0", 4)};
 
 TEST(QueryIndex, AnswersTheShapesTheRulesAskAndLeavesOtherQueriesToLibxml) {
     auto data = RuleData::LoadText(

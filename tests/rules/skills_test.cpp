@@ -189,6 +189,10 @@ TEST_F(Skills, PastThePoolMovesAreBoughtWithExperience) {
     sheet->SavedExperienceField.SetText("10");
     Menu("Increase +", 0);  // level 0 caps every row, without a word
     EXPECT_EQ(Moves(), "Falling Sky,1,6;");
+    Menu("Decrease -");  // from level 1 the row goes, and what it cost comes back
+    ExpectTexts("SavedExperienceField=16|SpentExperienceField=0");
+    Menu("Falling Sky");
+    sheet->SkillMartialVisualListBox.SetListIndex(0);
 
     sheet->SkillLevelField.SetText("1");  // 4 free points, a cap of 2
     Menu("Increase +");

@@ -19,7 +19,8 @@ set MetaListBox[0] Ward|2
 set MetaTypePopup
 choose MetaTypePopup Gifts
 expect changed MetaListBox.ListCount=1 ; MetaListBox[0]=Ward|2|||||||||||||||||||||||| ; \
-  MetaPopup.rows=Seer's Eye|Ward ; QualityListBox[0]=Iron Will (Wolf)|1||||||||||||||||||||||||||
+  MetaPopup.rows=Seer's Eye|Ward|Hidden Gift ; \
+  QualityListBox[0]=Iron Will (Wolf)|1||||||||||||||||||||||||||
 choose MetaPopup Seer's Eye
 expect changed MetaCostField=0 ; MetaCostPerLevelField=1/2 ; MetaLevelField=0 ; \
   MetaMaxLevelField=3/0 ; MetaNameField=Seer's Eye ; MetaNoteField=Sees far. ; MetaPopup=Seer's Eye ; \
@@ -69,17 +70,21 @@ expect changed MetaCostField=8 ; MetaCostPerLevelField=2/- ; MetaLevelField=4 ; 
   MetaPopup.ListIndex=1 ; MetaPrerequisiteField= ; MetaReferenceField= ; MetaXPCostNewField=4/- ; \
   MetaXPCostPerLevelField=4/- ; m_altform= ; m_attributes=0,0,0,0,0,0,0,0,0 ; m_bonuspts=,,,,,, ; \
   m_row=-1
+# A highest level of exactly five takes the high values.
+choose MetaPopup Hidden Gift
+expect changed MetaCostField=0 ; MetaCostPerLevelField=1/3 ; MetaLevelField=0 ; \
+  MetaMaxLevelField=0/5 ; MetaNameField=Hidden Gift ; MetaPopup=Hidden Gift ; MetaPopup.ListIndex=2 ; \
+  MetaXPCostNewField=2/4 ; MetaXPCostPerLevelField=2/4
 # In play: the first level costs its new price and the lowest levels; Ward's is set, not added.
 flag CharacterInPlayBox on
 set SavedExperienceField 30
 choose MetaPopup Seer's Eye
 do MetaUpDownArrows_Up
-expect changed CharacterInPlayBox=true ; MetaCostField=0 ; MetaCostPerLevelField=1/2 ; \
-  MetaLevelField=3 ; MetaMaxLevelField=3/0 ; MetaNameField=Seer's Eye ; MetaNoteField=Sees far. ; \
-  MetaPopup=Seer's Eye ; MetaPopup.ListIndex=0 ; MetaPrerequisiteField=Ward,2 ; \
-  MetaReferenceField=ZPR 8 ; MetaXPCostField=16 ; MetaXPCostNewField=10 ; \
-  MetaXPCostPerLevelField=3/6 ; SavedExperienceField=30 ; m_altform=Beasts ; \
-  m_attributes=1,0,0,0,0,0,2,0,0 ; m_bonuspts=3,,,,,1,
+expect changed CharacterInPlayBox=true ; MetaCostPerLevelField=1/2 ; MetaLevelField=3 ; \
+  MetaMaxLevelField=3/0 ; MetaNameField=Seer's Eye ; MetaNoteField=Sees far. ; MetaPopup=Seer's Eye ; \
+  MetaPopup.ListIndex=0 ; MetaPrerequisiteField=Ward,2 ; MetaReferenceField=ZPR 8 ; \
+  MetaXPCostField=16 ; MetaXPCostNewField=10 ; MetaXPCostPerLevelField=3/6 ; SavedExperienceField=30 ; \
+  m_altform=Beasts ; m_attributes=1,0,0,0,0,0,2,0,0 ; m_bonuspts=3,,,,,1,
 do MetaRecordButton_Action
 expect changed EssenceTotal=6 ; LifePointsBonus=18 ; LifePointsTotal=18 ; MetaCostField= ; \
   MetaCostPerLevelField= ; MetaLevelField= ; MetaListBox.ListCount=3 ; \

@@ -1,6 +1,6 @@
 # A player buys skills on the sample data: a specialty, a Martial Arts style with its basic
 # moves and a maneuver from the free pool, a Lucid Dream with visualizations, then edits a
-# skill in play.
+# skill in play, buying a move with experience and selling it back.
 data data/rules/sample.xml
 do CharacterTypePopup_GotFocus
 choose CharacterTypePopup Human
@@ -8,40 +8,103 @@ choose ChooseCharPopup Survivor
 do SkillCategoryPopup_MouseDown
 choose SkillCategoryPopup Combat
 choose SkillPopup Guns
+expect changed AttributeField=0/20 ; CharacterTypePopup=Human ; CharacterTypePopup.ListIndex=0 ; \
+  CharacterTypePopup.rows=Human|Gifted|Mundane|Spirit Touched ; ChooseCharPopup=Survivor ; \
+  ChooseCharPopup.ListIndex=0 ; ChooseCharPopup.rows=Survivor|Hero ; DrawbackField=0/10 ; \
+  EnduranceTotal=5 ; \
+  InfoText=Attr(0/20) Q(0/10) D(0/10) S(0/25) M(0/0)      |     Books in use: ZSB ZMC WC ; \
+  LifePointsTotal=10 ; MetaField=0/0 ; QualityField=0/10 ; SkillCategoryPopup=Combat ; \
+  SkillCategoryPopup.ListIndex=0 ; SkillCategoryPopup.rows=Combat|Knowledge|Social|Esoteric ; \
+  SkillCostField=0 ; SkillField=0/25 ; SkillLevelField=0 ; SkillNameField=Guns ; \
+  SkillNotesField=Use and care of firearms of one kind. ; SkillPopup=Guns ; SkillPopup.ListIndex=2 ; \
+  SkillPopup.rows=Brawling|Martial Arts|Guns|Ricochet Shot ; SkillReferenceField=ZSB p. 82 ; \
+  SkillSelectPopup.rows=Handgun|Rifle|Shotgun ; SkillTypeCombo=Regular ; SkillTypeCombo.ListIndex=0 ; \
+  SkillXPCostField=0 ; s_row=-1 ; savedChar=false
 choose SkillSelectPopup Rifle
 do SkillUpDownArrows1_Up
 do SkillUpDownArrows1_Up
 do SkillSpecialtyButton_Action
+expect changed SkillCostField=3 ; SkillLevelField=4 ; SkillNameField=Guns(Rifle) (Specialty) ; \
+  SkillSelectPopup=Rifle ; SkillSelectPopup.ListIndex=1
 do SkillRecordButton_Action
-expect SkillListBox[0] Guns(Rifle) (Specialty)|4|3|0|Use and care of firearms of one kind.|ZSB p. 82|Regular|Handgun,Rifle,Shotgun
+expect changed InfoText=Attr(0/20) Q(0/10) D(0/10) S(3/25) M(0/0)      |     Books in use: ZSB ZMC WC ; \
+  SkillCostField= ; SkillField=3/25 ; SkillLevelField= ; SkillListBox.ListCount=1 ; \
+  SkillListBox[0]=Guns(Rifle) (Specialty)|4|3|0|Use and care of firearms of one kind.|ZSB p. 82|Regular|Handgun,Rifle,Shotgun ; \
+  SkillNameField= ; SkillNotesField= ; SkillReferenceField= ; SkillTypeCombo= ; \
+  SkillTypeCombo.ListIndex=-1 ; SkillXPCostField=
 choose SkillPopup Martial Arts
 do SkillUpDownArrows1_Up
 do SkillUpDownArrows1_Up
 choose SkillSelectPopup Iron Crane
+expect changed SkillCostField=4 ; SkillLevelField=2 ; SkillMartialVisualListBox.ListCount=3 ; \
+  SkillMartialVisualListBox.visible=true ; SkillMartialVisualListBox[0]=*Punch|2| ; \
+  SkillMartialVisualListBox[0].bold=true ; SkillMartialVisualListBox[1]=*Kick|2| ; \
+  SkillMartialVisualListBox[1].bold=true ; SkillMartialVisualListBox[2]=*Block|2| ; \
+  SkillMartialVisualListBox[2].bold=true ; SkillNameField=Martial Arts(Iron Crane) ; \
+  SkillNotesField=Trained unarmed fighting in one style. ; SkillPopup=Martial Arts ; \
+  SkillPopup.ListIndex=1 ; SkillReferenceField=ZSB p. 81 ; SkillSelectPopup=Iron Crane ; \
+  SkillSelectPopup.ListIndex=0 ; SkillSelectPopup.rows=Iron Crane|River Fist|Stone Palm ; \
+  SkillTypeCombo=Special ; SkillTypeCombo.ListIndex=1 ; SkillXPCostField=0
 do SkillMartialVisualListBox_ConstructContextualMenu
 do SkillMartialVisualListBox_ContextualMenuAction Sweep
 select SkillMartialVisualListBox 3
 do SkillMartialVisualListBox_ContextualMenuAction Increase +
-expect SkillMartialVisualListBox[3] Sweep|2|
+expect changed SkillMartialVisualListBox.ListCount=4 ; SkillMartialVisualListBox.ListIndex=3 ; \
+  SkillMartialVisualListBox[3]=Sweep|2|
 do SkillRecordButton_Action
-# stored last row first, each as name,level,experience
-expect martialmaneuvers Sweep,2,,*Block,2,,*Kick,2,,*Punch,2,
-expect SkillListBox[1] Martial Arts(Iron Crane)|2|4|0|Trained unarmed fighting in one style.|ZSB p. 81|Special|Iron Crane,River Fist,Stone Palm
+expect changed InfoText=Attr(0/20) Q(0/10) D(0/10) S(7/25) M(0/0)      |     Books in use: ZSB ZMC WC ; \
+  SkillCostField= ; SkillField=7/25 ; SkillLevelField= ; SkillListBox.ListCount=2 ; \
+  SkillListBox[1]=Martial Arts(Iron Crane)|2|4|0|Trained unarmed fighting in one style.|ZSB p. 81|Special|Iron Crane,River Fist,Stone Palm ; \
+  SkillMartialVisualListBox.ListCount=0 ; SkillMartialVisualListBox.ListIndex=-1 ; \
+  SkillMartialVisualListBox.visible=false ; SkillMartialVisualListBox[0]= ; \
+  SkillMartialVisualListBox[0].bold= ; SkillMartialVisualListBox[1]= ; \
+  SkillMartialVisualListBox[1].bold= ; SkillMartialVisualListBox[2]= ; \
+  SkillMartialVisualListBox[2].bold= ; SkillMartialVisualListBox[3]= ; SkillNameField= ; \
+  SkillNotesField= ; SkillReferenceField= ; SkillTypeCombo= ; SkillTypeCombo.ListIndex=-1 ; \
+  SkillXPCostField= ; martialmaneuvers=Sweep,2,,*Block,2,,*Kick,2,,*Punch,2,
 choose SkillCategoryPopup Esoteric
 choose SkillPopup Lucid Dream
 do SkillUpDownArrows1_Up
 do SkillMartialVisualListBox_ContextualMenuAction Mirror Hall
 do SkillRecordButton_Action
-expect visualizations Mirror Hall,1,
-expect SkillField 9/25
+expect changed InfoText=Attr(0/20) Q(0/10) D(0/10) S(9/25) M(0/0)      |     Books in use: ZSB ZMC WC ; \
+  SkillCategoryPopup=Esoteric ; SkillCategoryPopup.ListIndex=3 ; SkillField=9/25 ; \
+  SkillListBox.ListCount=3 ; \
+  SkillListBox[2]=Lucid Dream|1|2|0|Control of one's own dreams through trained visualizations.|ZMC p. 40|Special| ; \
+  SkillPopup=Lucid Dream ; SkillPopup.ListIndex=0 ; \
+  SkillPopup.rows=Lucid Dream|Meditation|Spirit Sight ; SkillSelectPopup= ; \
+  SkillSelectPopup.ListIndex=-1 ; SkillSelectPopup.rows= ; visualizations=Mirror Hall,1,
 flag CharacterInPlayBox on
 set SavedExperienceField 20
 select SkillListBox 1
 do SkillListBox_DoubleClick
+expect changed CharacterInPlayBox=true ; SavedExperienceField=20 ; SkillCostField=4 ; \
+  SkillLevelField=2 ; SkillListBox.ListIndex=1 ; SkillMartialVisualListBox.ListCount=4 ; \
+  SkillMartialVisualListBox.visible=true ; SkillMartialVisualListBox[0]=*Punch|2| ; \
+  SkillMartialVisualListBox[0].bold=true ; SkillMartialVisualListBox[1]=*Kick|2| ; \
+  SkillMartialVisualListBox[1].bold=true ; SkillMartialVisualListBox[2]=*Block|2| ; \
+  SkillMartialVisualListBox[2].bold=true ; SkillMartialVisualListBox[3]=Sweep|2| ; \
+  SkillNameField=Martial Arts(Iron Crane) ; SkillNotesField=Trained unarmed fighting in one style. ; \
+  SkillReferenceField=ZSB p. 81 ; SkillSelectPopup.rows=Iron Crane|River Fist|Stone Palm ; \
+  SkillTypeCombo=Special ; SkillTypeCombo.ListIndex=1 ; SkillXPCostField=0 ; s_row=1
 do SkillUpDownArrows1_Up
-expect SkillXPCostField 4
 do SkillMartialVisualListBox_ContextualMenuAction Throw
+expect changed SkillLevelField=3 ; SkillMartialVisualListBox.ListCount=5 ; \
+  SkillMartialVisualListBox[4]=Throw|1| ; SkillXPCostField=4
+select SkillMartialVisualListBox 0
+do SkillMartialVisualListBox_ContextualMenuAction Decrease -
+expect changed SkillMartialVisualListBox.ListIndex=0 ; SkillMartialVisualListBox[0]=*Punch|1|
+do SkillMartialVisualListBox_ContextualMenuAction Decrease -
+expect changed SkillMartialVisualListBox.ListCount=4 ; SkillMartialVisualListBox.ListIndex=-1 ; \
+  SkillMartialVisualListBox[0]=*Kick|2| ; SkillMartialVisualListBox[1]=*Block|2| ; \
+  SkillMartialVisualListBox[2]=Sweep|2| ; SkillMartialVisualListBox[2].bold= ; \
+  SkillMartialVisualListBox[3]=Throw|1| ; SkillMartialVisualListBox[4]= ; SpentExperienceField=0
 do SkillRecordButton_Action
-expect SkillListBox[1] Martial Arts(Iron Crane)|3|4|4|Trained unarmed fighting in one style.|ZSB p. 81|Special|Iron Crane,River Fist,Stone Palm
-expect SavedExperienceField 16
-expect martialmaneuvers Throw,1,,Sweep,2,,*Block,2,,*Kick,2,,*Punch,2,
+expect changed SavedExperienceField=16 ; SkillCostField= ; SkillLevelField= ; \
+  SkillListBox[1]=Martial Arts(Iron Crane)|3|4|4|Trained unarmed fighting in one style.|ZSB p. 81|Special|Iron Crane,River Fist,Stone Palm ; \
+  SkillMartialVisualListBox.ListCount=0 ; SkillMartialVisualListBox.visible=false ; \
+  SkillMartialVisualListBox[0]= ; SkillMartialVisualListBox[0].bold= ; SkillMartialVisualListBox[1]= ; \
+  SkillMartialVisualListBox[1].bold= ; SkillMartialVisualListBox[2]= ; SkillMartialVisualListBox[3]= ; \
+  SkillNameField= ; SkillNotesField= ; SkillReferenceField= ; SkillTypeCombo= ; \
+  SkillTypeCombo.ListIndex=-1 ; SkillXPCostField= ; SpentExperienceField=4 ; \
+  martialmaneuvers=Throw,1,,Sweep,2,,*Block,2,,*Kick,2, ; s_row=-1
