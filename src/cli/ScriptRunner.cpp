@@ -23,6 +23,17 @@
 namespace zeph {
 namespace {
 
+// "Quality{Name,Note}Field" stands for QualityNameField and QualityNoteField.
+std::vector<std::string> ExpandBraces(const std::string& name) {
+    const std::size_t open = name.find('{'), close = name.find('}', open);
+    if (open == std::string::npos || close == std::string::npos) return {name};
+    std::vector<std::string> names;
+    for (const std::string& middle : SplitFields(name.substr(open + 1, close - open - 1), ','))
+        for (const std::string& rest : ExpandBraces(name.substr(close + 1)))
+            names.push_back(name.substr(0, open) + middle + rest);
+    return names;
+}
+
 // Splits off the first word at the first blank; the rest keeps its blanks.
 std::pair<std::string, std::string> firstWord(const std::string& text) {
     std::size_t blank = text.find(' ');
@@ -289,7 +300,8 @@ void ScriptRunner::expectChanged(const std::string& expectedText) {
         const std::string entry = expectedText.substr(from, end - from);
         const std::size_t equals = entry.find('=');
         if (equals == std::string::npos) throw ScriptError{"expect changed takes NAME=TEXT ; ..."};
-        expected[entry.substr(0, equals)] = entry.substr(equals + 1);
+        for (const std::string& name : ExpandBraces(entry.substr(0, equals)))
+            expected[name] = entry.substr(equals + 1);
         from = end + 3;
     }
     const StateSnapshot before = std::move(baseline_);

@@ -48,7 +48,8 @@ private:
     void rebase();
     // `expect changed NAME=TEXT ; NAME=TEXT ...`: exactly these entries changed since the last
     // one (or since the target became the target), each item among them told its observers;
-    // `messages` holds the messages shown meanwhile, joined by " / ".
+    // `messages` holds the messages shown meanwhile, joined by " / ". Names sharing a text may
+    // be written as one: `Quality{Name,Note}Field=`.
     void expectChanged(const std::string& expected);
 
     std::ostream& out_;

@@ -28,20 +28,19 @@ expect DataModule.recentMenuItems zephalon-script-save-and-open.xml|-|Clear
 
 # Everything the file holds comes back into the new sheet.
 open /tmp/zephalon-script-save-and-open.xml
-expect changed AttributeField=3/20 ; CharacterTypePopup=Human ; CharacterTypePopup.ListIndex=0 ; \
-  CharacterTypePopup.rows=Human ; ChooseCharPopup=Survivor ; ChooseCharPopup.ListIndex=0 ; \
-  ChooseCharPopup.rows=Survivor ; DrawbackField=0/10 ; EnduranceTotal=14 ; \
+expect changed AttributeField=3/20 ; CharacterTypePopup.ListIndex=0 ; \
+  CharacterType{Popup,Popup.rows}=Human ; ChooseCharPopup.ListIndex=0 ; \
+  ChooseChar{Popup,Popup.rows}=Survivor ; DrawbackField=0/10 ; EnduranceTotal=14 ; \
   EquipmentField=Hunter's Knife\nDamage: D4 x Strength. Damage Type: Slashing. Range: Close. Weight: 0.3 kg. \nReference: ZSB p. 120. \nNotes: A broad single-edged blade.\n ; \
   EquipmentField.runs=[b]Hunter's Knife|\nDamage: D4 x Strength. Damage Type: Slashing. Range: Close. Weight: 0.3 kg. \nReference: ZSB p. 120. \nNotes: A broad single-edged blade.\n ; \
   EssenceTotal=3 ; \
   InfoText=Attr(3/20) Q(0/10) D(0/10) S(3/25) M(0/0)      |     Books in use: ZSB ZMC WC ; \
   LifePointsTotal=22 ; MetaField=0/0 ; NameField=Wren Hollis ; \
-  NotesField=Grew up over a bakery.\nKeeps a ledger of favours. ; \
-  NotesField.runs=Grew up over a bakery.\nKeeps a ledger of favours. ; QualityField=0/10 ; \
+  Notes{Field,Field.runs}=Grew up over a bakery.\nKeeps a ledger of favours. ; QualityField=0/10 ; \
   SkillField=3/25 ; SkillListBox.ListCount=2 ; \
   SkillListBox[0]=Guns(Rifle)|1|1|0|Use and care of firearms of one kind.|ZSB p. 82|Regular|Handgun,Rifle,Shotgun ; \
   SkillListBox[1]=Lucid Dream|1|2|0|Control of one's own dreams through trained visualizations.|ZMC p. 40|Special| ; \
-  StrengthField=3 ; StrengthTotal=3 ; messages=Wren Hollis Saved. ; title=Zephalon CC: Wren Hollis ; \
+  Strength{Field,Total}=3 ; messages=Wren Hollis Saved. ; title=Zephalon CC: Wren Hollis ; \
   visualizations=Mirror Hall,1,
 # Opening does not touch the recent list; an edit asks at closing.
 expect DataModule.recentMenuItems zephalon-script-save-and-open.xml|-|Clear

@@ -14,12 +14,12 @@ expect changed AttributeField=0/20 ; CharacterTypePopup=Human ; CharacterTypePop
   EnduranceTotal=5 ; \
   InfoText=Attr(0/20) Q(0/10) D(0/10) S(0/25) M(0/0)      |     Books in use: ZSB ZMC WC ; \
   LifePointsTotal=10 ; MetaField=0/0 ; QualityField=0/10 ; SkillCategoryPopup=Combat ; \
-  SkillCategoryPopup.ListIndex=0 ; SkillCategoryPopup.rows=Combat|Knowledge|Social|Esoteric ; \
-  SkillCostField=0 ; SkillField=0/25 ; SkillLevelField=0 ; SkillNameField=Guns ; \
-  SkillNotesField=Use and care of firearms of one kind. ; SkillPopup=Guns ; SkillPopup.ListIndex=2 ; \
+  SkillCategoryPopup.rows=Combat|Knowledge|Social|Esoteric ; SkillField=0/25 ; \
+  SkillNotesField=Use and care of firearms of one kind. ; SkillPopup.ListIndex=2 ; \
   SkillPopup.rows=Brawling|Martial Arts|Guns|Ricochet Shot ; SkillReferenceField=ZSB p. 82 ; \
-  SkillSelectPopup.rows=Handgun|Rifle|Shotgun ; SkillTypeCombo=Regular ; SkillTypeCombo.ListIndex=0 ; \
-  SkillXPCostField=0 ; s_row=-1 ; savedChar=false
+  SkillSelectPopup.rows=Handgun|Rifle|Shotgun ; SkillTypeCombo=Regular ; \
+  Skill{CategoryPopup.ListIndex,CostField,LevelField,TypeCombo.ListIndex,XPCostField}=0 ; \
+  Skill{NameField,Popup}=Guns ; s_row=-1 ; savedChar=false
 choose SkillSelectPopup Rifle
 do SkillUpDownArrows1_Up
 do SkillUpDownArrows1_Up
@@ -28,23 +28,22 @@ expect changed SkillCostField=3 ; SkillLevelField=4 ; SkillNameField=Guns(Rifle)
   SkillSelectPopup=Rifle ; SkillSelectPopup.ListIndex=1
 do SkillRecordButton_Action
 expect changed InfoText=Attr(0/20) Q(0/10) D(0/10) S(3/25) M(0/0)      |     Books in use: ZSB ZMC WC ; \
-  SkillCostField= ; SkillField=3/25 ; SkillLevelField= ; SkillListBox.ListCount=1 ; \
+  SkillField=3/25 ; SkillListBox.ListCount=1 ; \
   SkillListBox[0]=Guns(Rifle) (Specialty)|4|3|0|Use and care of firearms of one kind.|ZSB p. 82|Regular|Handgun,Rifle,Shotgun ; \
-  SkillNameField= ; SkillNotesField= ; SkillReferenceField= ; SkillTypeCombo= ; \
-  SkillTypeCombo.ListIndex=-1 ; SkillXPCostField=
+  SkillTypeCombo.ListIndex=-1 ; \
+  Skill{CostField,LevelField,NameField,NotesField,ReferenceField,TypeCombo,XPCostField}=
 choose SkillPopup Martial Arts
 do SkillUpDownArrows1_Up
 do SkillUpDownArrows1_Up
 choose SkillSelectPopup Iron Crane
 expect changed SkillCostField=4 ; SkillLevelField=2 ; SkillMartialVisualListBox.ListCount=3 ; \
-  SkillMartialVisualListBox.visible=true ; SkillMartialVisualListBox[0]=*Punch|2| ; \
-  SkillMartialVisualListBox[0].bold=true ; SkillMartialVisualListBox[1]=*Kick|2| ; \
-  SkillMartialVisualListBox[1].bold=true ; SkillMartialVisualListBox[2]=*Block|2| ; \
-  SkillMartialVisualListBox[2].bold=true ; SkillNameField=Martial Arts(Iron Crane) ; \
-  SkillNotesField=Trained unarmed fighting in one style. ; SkillPopup=Martial Arts ; \
-  SkillPopup.ListIndex=1 ; SkillReferenceField=ZSB p. 81 ; SkillSelectPopup=Iron Crane ; \
-  SkillSelectPopup.ListIndex=0 ; SkillSelectPopup.rows=Iron Crane|River Fist|Stone Palm ; \
-  SkillTypeCombo=Special ; SkillTypeCombo.ListIndex=1 ; SkillXPCostField=0
+  SkillMartialVisualListBox[0]=*Punch|2| ; SkillMartialVisualListBox[1]=*Kick|2| ; \
+  SkillMartialVisualListBox[2]=*Block|2| ; \
+  SkillMartialVisualListBox{.visible,[0].bold,[1].bold,[2].bold}=true ; \
+  SkillNameField=Martial Arts(Iron Crane) ; SkillNotesField=Trained unarmed fighting in one style. ; \
+  SkillPopup=Martial Arts ; SkillReferenceField=ZSB p. 81 ; SkillSelectPopup=Iron Crane ; \
+  SkillSelectPopup.rows=Iron Crane|River Fist|Stone Palm ; SkillTypeCombo=Special ; \
+  Skill{Popup,TypeCombo}.ListIndex=1 ; Skill{SelectPopup.ListIndex,XPCostField}=0
 do SkillMartialVisualListBox_ConstructContextualMenu
 do SkillMartialVisualListBox_ContextualMenuAction Sweep
 select SkillMartialVisualListBox 3
@@ -53,40 +52,36 @@ expect changed SkillMartialVisualListBox.ListCount=4 ; SkillMartialVisualListBox
   SkillMartialVisualListBox[3]=Sweep|2|
 do SkillRecordButton_Action
 expect changed InfoText=Attr(0/20) Q(0/10) D(0/10) S(7/25) M(0/0)      |     Books in use: ZSB ZMC WC ; \
-  SkillCostField= ; SkillField=7/25 ; SkillLevelField= ; SkillListBox.ListCount=2 ; \
+  SkillField=7/25 ; SkillListBox.ListCount=2 ; \
   SkillListBox[1]=Martial Arts(Iron Crane)|2|4|0|Trained unarmed fighting in one style.|ZSB p. 81|Special|Iron Crane,River Fist,Stone Palm ; \
-  SkillMartialVisualListBox.ListCount=0 ; SkillMartialVisualListBox.ListIndex=-1 ; \
-  SkillMartialVisualListBox.visible=false ; SkillMartialVisualListBox[0]= ; \
-  SkillMartialVisualListBox[0].bold= ; SkillMartialVisualListBox[1]= ; \
-  SkillMartialVisualListBox[1].bold= ; SkillMartialVisualListBox[2]= ; \
-  SkillMartialVisualListBox[2].bold= ; SkillMartialVisualListBox[3]= ; SkillNameField= ; \
-  SkillNotesField= ; SkillReferenceField= ; SkillTypeCombo= ; SkillTypeCombo.ListIndex=-1 ; \
-  SkillXPCostField= ; martialmaneuvers=Sweep,2,,*Block,2,,*Kick,2,,*Punch,2,
+  SkillMartialVisualListBox.ListCount=0 ; SkillMartialVisualListBox.visible=false ; \
+  Skill{CostField,LevelField,MartialVisualListBox[0],MartialVisualListBox[0].bold,MartialVisualListBox[1],MartialVisualListBox[1].bold,MartialVisualListBox[2],MartialVisualListBox[2].bold,MartialVisualListBox[3],NameField,NotesField,ReferenceField,TypeCombo,XPCostField}= ; \
+  Skill{MartialVisualListBox,TypeCombo}.ListIndex=-1 ; \
+  martialmaneuvers=Sweep,2,,*Block,2,,*Kick,2,,*Punch,2,
 choose SkillCategoryPopup Esoteric
 choose SkillPopup Lucid Dream
 do SkillUpDownArrows1_Up
 do SkillMartialVisualListBox_ContextualMenuAction Mirror Hall
 do SkillRecordButton_Action
 expect changed InfoText=Attr(0/20) Q(0/10) D(0/10) S(9/25) M(0/0)      |     Books in use: ZSB ZMC WC ; \
-  SkillCategoryPopup=Esoteric ; SkillCategoryPopup.ListIndex=3 ; SkillField=9/25 ; \
-  SkillListBox.ListCount=3 ; \
+  SkillCategoryPopup=Esoteric ; SkillField=9/25 ; \
   SkillListBox[2]=Lucid Dream|1|2|0|Control of one's own dreams through trained visualizations.|ZMC p. 40|Special| ; \
   SkillPopup=Lucid Dream ; SkillPopup.ListIndex=0 ; \
-  SkillPopup.rows=Lucid Dream|Meditation|Spirit Sight ; SkillSelectPopup= ; \
-  SkillSelectPopup.ListIndex=-1 ; SkillSelectPopup.rows= ; visualizations=Mirror Hall,1,
+  SkillPopup.rows=Lucid Dream|Meditation|Spirit Sight ; SkillSelectPopup.ListIndex=-1 ; \
+  SkillSelect{Popup,Popup.rows}= ; Skill{CategoryPopup.ListIndex,ListBox.ListCount}=3 ; \
+  visualizations=Mirror Hall,1,
 flag CharacterInPlayBox on
 set SavedExperienceField 20
 select SkillListBox 1
 do SkillListBox_DoubleClick
-expect changed CharacterInPlayBox=true ; SavedExperienceField=20 ; SkillCostField=4 ; \
-  SkillLevelField=2 ; SkillListBox.ListIndex=1 ; SkillMartialVisualListBox.ListCount=4 ; \
-  SkillMartialVisualListBox.visible=true ; SkillMartialVisualListBox[0]=*Punch|2| ; \
-  SkillMartialVisualListBox[0].bold=true ; SkillMartialVisualListBox[1]=*Kick|2| ; \
-  SkillMartialVisualListBox[1].bold=true ; SkillMartialVisualListBox[2]=*Block|2| ; \
-  SkillMartialVisualListBox[2].bold=true ; SkillMartialVisualListBox[3]=Sweep|2| ; \
+expect changed CharacterInPlayBox=true ; SavedExperienceField=20 ; SkillLevelField=2 ; \
+  SkillMartialVisualListBox[0]=*Punch|2| ; SkillMartialVisualListBox[1]=*Kick|2| ; \
+  SkillMartialVisualListBox[2]=*Block|2| ; SkillMartialVisualListBox[3]=Sweep|2| ; \
+  SkillMartialVisualListBox{.visible,[0].bold,[1].bold,[2].bold}=true ; \
   SkillNameField=Martial Arts(Iron Crane) ; SkillNotesField=Trained unarmed fighting in one style. ; \
   SkillReferenceField=ZSB p. 81 ; SkillSelectPopup.rows=Iron Crane|River Fist|Stone Palm ; \
-  SkillTypeCombo=Special ; SkillTypeCombo.ListIndex=1 ; SkillXPCostField=0 ; s_row=1
+  SkillTypeCombo=Special ; SkillXPCostField=0 ; Skill{CostField,MartialVisualListBox.ListCount}=4 ; \
+  Skill{ListBox,TypeCombo}.ListIndex=1 ; s_row=1
 do SkillUpDownArrows1_Up
 do SkillMartialVisualListBox_ContextualMenuAction Throw
 expect changed SkillLevelField=3 ; SkillMartialVisualListBox.ListCount=5 ; \
@@ -97,14 +92,12 @@ expect changed SkillMartialVisualListBox.ListIndex=0 ; SkillMartialVisualListBox
 do SkillMartialVisualListBox_ContextualMenuAction Decrease -
 expect changed SkillMartialVisualListBox.ListCount=4 ; SkillMartialVisualListBox.ListIndex=-1 ; \
   SkillMartialVisualListBox[0]=*Kick|2| ; SkillMartialVisualListBox[1]=*Block|2| ; \
-  SkillMartialVisualListBox[2]=Sweep|2| ; SkillMartialVisualListBox[2].bold= ; \
-  SkillMartialVisualListBox[3]=Throw|1| ; SkillMartialVisualListBox[4]= ; SpentExperienceField=0
+  SkillMartialVisualListBox[2]=Sweep|2| ; SkillMartialVisualListBox[3]=Throw|1| ; \
+  SkillMartialVisualListBox{[2].bold,[4]}= ; SpentExperienceField=0
 do SkillRecordButton_Action
-expect changed SavedExperienceField=16 ; SkillCostField= ; SkillLevelField= ; \
+expect changed SavedExperienceField=16 ; \
   SkillListBox[1]=Martial Arts(Iron Crane)|3|4|4|Trained unarmed fighting in one style.|ZSB p. 81|Special|Iron Crane,River Fist,Stone Palm ; \
   SkillMartialVisualListBox.ListCount=0 ; SkillMartialVisualListBox.visible=false ; \
-  SkillMartialVisualListBox[0]= ; SkillMartialVisualListBox[0].bold= ; SkillMartialVisualListBox[1]= ; \
-  SkillMartialVisualListBox[1].bold= ; SkillMartialVisualListBox[2]= ; SkillMartialVisualListBox[3]= ; \
-  SkillNameField= ; SkillNotesField= ; SkillReferenceField= ; SkillTypeCombo= ; \
-  SkillTypeCombo.ListIndex=-1 ; SkillXPCostField= ; SpentExperienceField=4 ; \
-  martialmaneuvers=Throw,1,,Sweep,2,,*Block,2,,*Kick,2, ; s_row=-1
+  SkillTypeCombo.ListIndex=-1 ; \
+  Skill{CostField,LevelField,MartialVisualListBox[0],MartialVisualListBox[0].bold,MartialVisualListBox[1],MartialVisualListBox[1].bold,MartialVisualListBox[2],MartialVisualListBox[3],NameField,NotesField,ReferenceField,TypeCombo,XPCostField}= ; \
+  SpentExperienceField=4 ; martialmaneuvers=Throw,1,,Sweep,2,,*Block,2,,*Kick,2, ; s_row=-1

@@ -14,14 +14,13 @@ tool reference Bare
 expect changed ListBox1.ListCount=1 ; ListBox1.ListIndex=-1 ; ListBox1[0]=
 expect Width 20
 tool dice
-expect changed AddCombo=0 ; AddCombo.ListIndex=0 ; \
-  AddCombo.rows=0|1|2|3|4|5|6|7|8|9|10|11|12|13|14|15|16|17|18|19|20 ; ArmorAddCombo=0 ; \
-  ArmorAddCombo.ListIndex=0 ; \
+expect changed AddCombo.rows=0|1|2|3|4|5|6|7|8|9|10|11|12|13|14|15|16|17|18|19|20 ; \
+  Add{Combo,Combo.ListIndex}=0 ; \
   ArmorAddCombo.rows=0|1|2|3|4|5|6|7|8|9|10|11|12|13|14|15|16|17|18|19|20 ; \
-  ArmorAddCombo.visible=false ; ArmorRollCheckBox=false ; DiePopup=D4 ; DiePopup.ListIndex=0 ; \
-  DiePopup.rows=D4|D6|D8|D10|D12|D20 ; EditField1= ; EditField1.runs= ; LeftBracketText=[ ; \
-  LeftBracketText.visible=false ; LeftParenText=( ; MultText=x ; MultiplierCombo=1 ; \
-  MultiplierCombo.ListIndex=0 ; \
+  ArmorAdd{Combo,Combo.ListIndex}=0 ; Armor{AddCombo.visible,RollCheckBox}=false ; DiePopup=D4 ; \
+  DiePopup.ListIndex=0 ; DiePopup.rows=D4|D6|D8|D10|D12|D20 ; Edit{Field1,Field1.runs}= ; \
+  LeftBracketText=[ ; LeftBracketText.visible=false ; LeftParenText=( ; MultText=x ; \
+  MultiplierCombo=1 ; MultiplierCombo.ListIndex=0 ; \
   MultiplierCombo.rows=1|2|3|4|5|6|7|8|9|10|11|12|13|14|15|16|17|18|19|20 ; PlusText=+ ; \
   RightBracketText=] ; RightBracketText.visible=false ; RightParenText=) ; SecondAddText=+ ; \
   SecondAddText.visible=false ; SkillRollCheckBox=false
@@ -29,10 +28,9 @@ rolls 10 10 7
 flag SkillRollCheckBox on
 set AddCombo 3
 do RollButton_Action
-expect changed AddCombo=3 ; AddCombo.ListIndex=3 ; DiePopup=D10 ; DiePopup.ListIndex=3 ; \
-  DiePopup.enabled=false ; EditField1=Roll: 10 Roll: 10 Roll: 7 Total: 20\n\n ; \
-  EditField1.runs=Roll: 10 Roll: 10 Roll: 7 Total: 20\n\n ; MultText.visible=false ; \
-  MultiplierCombo.visible=false ; SkillRollCheckBox=true
+expect changed Add{Combo,Combo.ListIndex}=3 ; DiePopup=D10 ; DiePopup.ListIndex=3 ; \
+  DiePopup.enabled=false ; Edit{Field1,Field1.runs}=Roll: 10 Roll: 10 Roll: 7 Total: 20\n\n ; \
+  MultText.visible=false ; MultiplierCombo.visible=false ; SkillRollCheckBox=true
 tool about
 expect changed BooksinUseText=Books Currently in Use: Table Test Data ; \
   StaticText1=Zephalon, a character generator for the Unisystem rules. Written by the Zephalon developers, 2024. ; \
