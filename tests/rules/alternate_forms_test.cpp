@@ -70,30 +70,6 @@ TEST_F(AlternateForms, ChosenFormNamesAndPricesTheQuality) {
     EXPECT_EQ(platform.Messages().size(), 1u) << "the quote breaks the query";
 }
 
-TEST_F(AlternateForms, FiguresPastTheWholeNumbersStopAtTheirBound) {
-    UseRules(R"(<zephalondata><altforms><type value="Giants">
-      <name value="Titan"><attributes strength="9e18" dexterity="9e18" constitution="9e18"
-        willpower="-9e18"/><calculations lifepointcalc_multiplier="1" endurancecalc_multiplier="3"
-        speed_adder="1e300"/></name>
-      <name value="Husk"><attributes strength="-9e18" constitution="-9e18"/>
-        <calculations lifepointcalc_multiplier="2" lifepointcalc_adder="-1e300"/></name>
-    </type></altforms></zephalondata>)");
-    AddQualityRow("Shifter", {{27, "&&&&Titan"}});
-    AddQualityRow("Shifter", {{27, "&&&&Husk"}});
-    AddMetaRow("Gift", {{25, "Giants"}});
-    std::string figures;
-    for (const std::string& line : SplitFields(GenerateAltForms(*sheet), '\n'))
-        if (line.find("Points: ") != std::string::npos || line.rfind("Speed: ", 0) == 0)
-            figures += line + "|";
-    const std::string bound = "9200000000000000000";
-    EXPECT_EQ(figures, "Life Points: " + bound + "|Endurance Points: 600000000000000000|Speed: " +
-                           bound + "|Life Points: -1e+300|Endurance Points: 0|Speed: -" + bound +
-                           "|Life Points: " + bound + "|Endurance Points: 600000000000000000|" +
-                           "Speed: " + bound + "|Life Points: -" + bound +
-                           "|Endurance Points: 0|Speed: -" + bound + "|");
-    EXPECT_TRUE(platform.Messages().empty());
-}
-
 class NotesArea : public SheetTest {
   protected:
     // The current name, pressed buttons, shown fields, AltForm's first line: ": NotesField |".

@@ -77,16 +77,5 @@ TEST_F(Equipment, LiftingCapacityRunsOnThroughTheBandsAndLeapsAt16) {
               "Lifting Capacity = 0lbs /0kg. Throwing Capacity = 0lbs/0kg.");
 }
 
-TEST_F(Equipment, AStrengthPastTheWholeNumbersStopsTheBandsAtTheirBound) {
-    // A Strength bonus of 1e300 in the rule data makes such a total.
-    const std::int64_t bound = Whole(1e300);
-    EXPECT_EQ(LiftingCapacity(bound), bound + 5000);
-    sheet->StrengthTotal.SetText("1e300");
-    EncumButton_Action(*sheet);
-    EXPECT_EQ(NthField(sheet->EquipmentField.Text(), "\n", 6),
-              "9200000000000000000/4600000000000000000 to 9200000000000000000/4600000000000000000"
-              " = -5 penalty. D4(2) Endurance per minute. (Extra Heavy)");
-}
-
 }  // namespace
 }  // namespace zeph::testing

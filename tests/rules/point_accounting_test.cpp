@@ -67,22 +67,6 @@ TEST_F(PointAccounting, SkillBaseIsAtLeastOneAndTakesTheLargerSocialQuality) {
     EXPECT_EQ(CalcSkillPts(*sheet), 7);  // status 6 now beats resources 5
 }
 
-TEST_F(PointAccounting, SkillBaseAndLevelsPastTheWholeNumbersStopAtTheirBound) {
-    const std::int64_t bound = Whole(1e300);
-    sheet->IntelligenceTotal.SetText("1e300");
-    AddQualityRow("Status Quality", {{1, "1e300"}});
-    AddQualityRow("Status Quality", {{1, "1e300"}});
-    EXPECT_EQ(CalcSkillPts(*sheet), bound);
-    SetTexts("CharacterTypePopup=Gifted|AgeField=17");
-    EXPECT_EQ(CalcSkillPts(*sheet), bound - 5);
-    sheet->IntelligenceTotal.SetText("-1e300");
-    sheet->QualityListBox.DeleteAllRows();
-    EXPECT_EQ(CalcSkillPts(*sheet), -4) << "the base is at least 1";
-    AddQualityRow("Age", {{1, "1"}});
-    sheet->IntelligenceTotal.SetText("1e300");
-    EXPECT_EQ(CalcSkillPts(*sheet), bound + 5);
-}
-
 TEST_F(PointAccounting, PlacingAFreePointUsesItsOwnPoolAndTheStatusLineShowsWhatIsLeft) {
     sheet->physicalBonus = 3;
     AttributeBonus_MouseDown(*sheet, Strength);

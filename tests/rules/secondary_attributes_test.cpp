@@ -39,21 +39,6 @@ TEST_F(Recomputation, TheFieldsAloneWithNoTypeThenTheFormulasAndBudgetsOfTheChoi
     EXPECT_EQ(sheet->physicalBonus, 0);   // 1.5 - 2, cut towards zero
 }
 
-TEST_F(Recomputation, PartlyPlacedFreePointsGoBackToThePoolWhollyPlacedOnesStay) {
-    Choose("Human", "Survivor");
-    AttributeBonus_MouseDown(*sheet, Strength);
-    AttributeBonus_MouseDown(*sheet, Strength);
-    FigureSecondaryAttributes(*sheet);
-    ExpectTexts("physicalBonus=3|StrengthBonus=0");
-
-    for (int i = 0; i < 3; ++i) AttributeBonus_MouseDown(*sheet, Strength);
-    AttributeBonus_MouseDown(*sheet, Willpower);
-    AttributeBonus_MouseDown(*sheet, Perception);
-    FigureSecondaryAttributes(*sheet);
-    ExpectTexts("physicalBonus=0|StrengthBonus=3|StrengthTotal=3");
-    EXPECT_EQ(sheet->attrBonus[Strength], 3);
-}
-
 TEST_F(Recomputation, AQualityBonusSendsPlacedPointsBackAtEveryRun) {
     Choose("Human", "Survivor");
     for (int i = 0; i < 3; ++i) AttributeBonus_MouseDown(*sheet, Dexterity);
@@ -154,17 +139,6 @@ TEST_F(Recomputation, TheOptionalSystemChangesTheSkillBudget) {
     sheet->loadingCharFile = true;
     sheet->OptionalSkillPointBox.SetValue(false);
     ExpectTexts("SkillField=0/23");
-}
-
-TEST_F(Recomputation, BudgetsPastTheWholeNumbersStopAtTheirBound) {
-    // An Intelligence and bonuses of 1e300 from the rule data; an age far past any penalty.
-    SetFields({"", "", "", "1e300"});
-    AddQualityRow("Scholar", {{1, "1"}, {17, "Intelligence&&1"}, {20, "Attr&&-1e300"}});
-    sheet->AgeField.SetText("1e30");
-    sheet->OptionalSkillPointBox.SetValue(true);
-    Choose("Gifted", "Vital");
-    ExpectTexts("SkillField=0/9200000000000000000|"
-                "AttributeField=9200000000000000000/-9200000000000000000");
 }
 
 TEST_F(Recomputation, AnXmlFailureShowsTheReportAndStops) {

@@ -171,15 +171,6 @@ TEST_F(Skills, TheFreePoolOfEachMode) {
     EXPECT_EQ(Moves(), "Mirror Hall,6,;Silent Garden,2,;");
 }
 
-TEST_F(Skills, ALevelPastTheWholeNumbersStillHasAFreePool) {
-    Pick("Esoteric", "Lucid Dream");
-    sheet->SkillLevelField.SetText("1e300");
-    Menu("Mirror Hall");
-    Menu("Increase +", 0);
-    EXPECT_EQ(Moves(), "Mirror Hall,2,;");
-    EXPECT_TRUE(platform.Messages().empty());
-}
-
 TEST_F(Skills, PastThePoolMovesAreBoughtWithExperience) {
     InPlay("5.5");
     Pick("Esoteric", "Lucid Dream");

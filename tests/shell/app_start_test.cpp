@@ -241,20 +241,6 @@ TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
     EXPECT_NE(sheet().InfoText.Text(), "stale");
 }
 
-TEST_F(AppStart, OnlyTheTabMenuMovesItsChecks) {
-    ASSERT_NE(action("TabSkills"), nullptr);
-    EXPECT_FALSE(action("FileNew")->isEnabled());  // the application's, absent here
-    EXPECT_EQ(action("FileSaveAsCharacterFile")->shortcut(), QKeySequence("Ctrl+Shift+S"));
-    action("TabSkills")->trigger();
-    auto* tabs = window_->findChild<QTabWidget*>("TabPanel1");
-    EXPECT_EQ(tabs->currentIndex(), 2);
-    EXPECT_TRUE(action("TabSkills")->isChecked());
-    action("TabEquipment")->trigger();
-    EXPECT_FALSE(action("TabSkills")->isChecked());
-    tabs->setCurrentIndex(0);
-    EXPECT_TRUE(action("TabEquipment")->isChecked());
-}
-
 TEST_F(AppStart, ExportShowsTheCharacterInTheChosenForm) {
     sheet().NameField.SetText("Ann");
     action("FileExport")->trigger();
@@ -265,31 +251,6 @@ TEST_F(AppStart, ExportShowsTheCharacterInTheChosenForm) {
     emit forms->activated(forms->currentIndex());
     EXPECT_TRUE(view->findChild<QPlainTextEdit*>("EditField1")->toPlainText().startsWith("Ann"));
     EXPECT_EQ(view->windowTitle(), "Ann");
-}
-
-// A drawback bought by mouse on the Qualities tab: its attribute penalty and its points show
-// on the Attributes tab.
-TEST_F(AppStart, APurchaseClickedThroughTheQualitiesTabShowsInTheTotals) {
-    chooseType("Human", "Hero");
-    auto* dexterity = widget<QLineEdit>("DexterityField");
-    focus(dexterity, QEvent::FocusIn);
-    type(dexterity, "3");
-    focus(dexterity, QEvent::FocusOut);
-    action("TabQualities")->trigger();
-    auto* types = widget<QComboBox>("QualityTypePopup");
-    press(types);
-    types->setCurrentIndex(types->findText("Physical"));
-    auto* qualities = widget<QComboBox>("QualityPopup");
-    ASSERT_GE(qualities->findText("Clumsy"), 0);
-    qualities->setCurrentIndex(qualities->findText("Clumsy"));
-    widget<QToolButton>("QualityUpDownArrows_Up")->click();
-    widget<QPushButton>("QualityRecordButton")->click();
-    QCoreApplication::processEvents();
-    EXPECT_EQ(widget<QTreeWidget>("QualityListBox")->topLevelItem(0)->text(0), "Clumsy");
-    action("TabAttributes")->trigger();
-    EXPECT_EQ(widget<QLabel>("DexterityBonus")->text(), "-1");
-    EXPECT_EQ(widget<QLineEdit>("DexterityTotal")->text(), "2");
-    EXPECT_EQ(widget<QLineEdit>("DrawbackField")->text(), "-2/10");
 }
 
 // Rebuilt as it opens: "None" alone, then the shown windows by title with the front one checked.
@@ -326,23 +287,6 @@ TEST_F(AppStart, ClosingAsksCancelKeepsTheWindowSaveAndDontSaveCloseIt) {
     sheet().savedChar = false;
     platform_.QueueAnswer("Don't Save");
     EXPECT_TRUE(window_->close());
-}
-
-TEST_F(AppStart, StyledFieldsCarryFontSizeAndColourBothWays) {
-    StyleRun run("Dagger");
-    run.color = 0x802020;
-    run.size = 14;
-    run.font = "Serif";
-    sheet().EquipmentField.SetStyled({{run}});
-    auto* edit = window_->findChild<QTextEdit*>("EquipmentField");
-    QTextCursor cursor(edit->document());
-    cursor.setPosition(1);
-    EXPECT_EQ(cursor.charFormat().foreground().color(), QColor(0x80, 0x20, 0x20));
-    EXPECT_EQ(cursor.charFormat().fontPointSize(), 14);
-    cursor.insertText("x");  // typed in the run's style
-    const StyleRun back = sheet().EquipmentField.Styled().runs.at(0);
-    EXPECT_EQ(back.text, "Dxagger");
-    EXPECT_TRUE(back.SameStyle(run));
 }
 
 TEST_F(AppStart, TheJournalCrossesToItsWindowAndBackAtClosing) {
