@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <libxml/HTMLparser.h>
 
 #include <filesystem>
 #include <regex>
@@ -28,45 +27,6 @@ Exported Export(const std::string& format, const std::string& character,
                                         folder, out, err);
     return {status, out.str(), err.str()};
 }
-
-// Whether libxml2's HTML parser reads the page without a complaint.
-bool CleanHtml(const std::string& html) {
-    xmlResetLastError();
-    htmlDocPtr document = htmlReadMemory(html.data(), static_cast<int>(html.size()), "sheet.html",
-                                         "UTF-8", HTML_PARSE_NOERROR | HTML_PARSE_NOWARNING | HTML_PARSE_NONET);
-    const bool clean = document != nullptr && xmlGetLastError() == nullptr;
-    xmlFreeDoc(document);
-    xmlResetLastError();
-    return clean;
-}
-
-// Each form of the sample character: what must stand in it.
-struct FormCase { const char* format; std::vector<std::string> present; };
-
-class ExportForms : public ::testing::TestWithParam<FormCase> {};
-
-TEST_P(ExportForms, ShowTheSampleCharacter) {
-    const Exported exported = Export(GetParam().format, kSource + "/tests/data/sample_character.xml");
-    ASSERT_EQ(exported.status, 0) << exported.err;
-    EXPECT_EQ(exported.err, "");
-    for (const std::string& text : GetParam().present)
-        EXPECT_NE(exported.out.find(text), std::string::npos) << GetParam().format << ": " << text;
-    const std::string format = GetParam().format;
-    EXPECT_EQ(exported.out.find("<?xml") != std::string::npos, format == "xml") << format;
-    EXPECT_TRUE(format != "html" || CleanHtml(exported.out));
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    SampleCharacter, ExportForms,
-    ::testing::Values(
-        FormCase{"html", {"Ilse Markovi\xC4\x87", "Lantern Society", "Warder's Circle", "Mirror Hall",
-                          "color:#", "Phobia"}},
-        FormCase{"text", {"Ilse Markovi\xC4\x87", "Warder's Circle", "Meditation", "Phobia"}},
-        FormCase{"summary", {"Ilse Markovi\xC4\x87", "Str 2  Dex 3", "Flame Lance 1"}},
-        FormCase{"wiki", {"== ", "{| class=\"wikitable\"", "'''", "Lucid Dream"}},
-        FormCase{"custom", {"Ilse Markovi\xC4\x87"}},
-        FormCase{"xml", {"<character name=\"Ilse Markovi\xC4\x87\"", "<sr b=\"t\""}}),
-    [](const ::testing::TestParamInfo<FormCase>& form) { return std::string(form.param.format); });
 
 TEST(ExportCommand, MissingFilesAndBadArgumentsEndWithStatusTwo) {
     const std::string character = kSource + "/tests/data/sample_character.xml";

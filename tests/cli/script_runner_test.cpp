@@ -30,27 +30,6 @@ const std::string kSample = "data " + std::string(ZEPHALON_SOURCE_DIR) + "/data/
 
 }  // namespace
 
-// Also reads CRLF line ends, and -1 unselects a list row.
-TEST(ScriptRunner, PrintsItemsPropertiesAndListsInOneLineEach) {
-    Outcome o = run(kSample + "# a comment\n\n"
-                    "set NotesField first\\nsecond\nprint NotesField\nprint savedChar\n"
-                    "print DPField.visible\nprint SkillTypeCombo.rows\n"
-                    "print OptionalSkillPointBox\nset NameField  two  blanks \nprint NameField\n"
-                    "do QualityGetBonus\n"
-                    "choose CharacterTypePopup Spirit Touched\r\n"
-                    "choose ChooseCharPopup Moonbound\r\nprint QualityListBox\n"
-                    "print QualityListBox[1].bold\nprint QualityListBox.heading\nprint m_all_bonuses\n"
-                    "select QualityListBox 1\r\nexpect QualityListBox.ListIndex 1\r\n"
-                    "select QualityListBox -1\r\nexpect QualityListBox.ListIndex -1\r\n");
-    EXPECT_EQ(o.status, 0) << o.err;
-    o.Shows({"NotesField = first\\nsecond\n", "savedChar = false\n", "DPField.visible = false\n",
-             "SkillTypeCombo.rows = Regular|Special|Cinematic\n", "OptionalSkillPointBox = false\n",
-             "NameField =  two  blanks \n", "QualityListBox[0] = Accursed Bloodline|1|",
-             "QualityListBox[1] = Hard to Kill|", "QualityListBox[1].bold = false\n",
-             "QualityListBox.heading = Quality\n",
-             "m_all_bonuses = 0,0,0,0,0,0,0,0,0,0,0,0,0,0,0\n"});
-}
-
 TEST(ScriptRunner, ResultsOfOperationsAndFailedExpectationsArePrintedAndTheRunGoesOn) {
     Outcome o = run("set StrengthField 6\ndo SumAttrPts\ndo CalcSkillPts\ndo SumMetaPts\ndo SumDrawbackPts\n"
                     "expect AgeField 30\nexpect GenderField Male or Female\nexpect AgeField 31\n");

@@ -117,23 +117,5 @@ TEST_F(CharacterFileTest, UnreadableFilesCloseTheCharacterWithTheirMessage) {
     EXPECT_EQ(platform.Transcript().back(), "dialog: open text -> cancel (no answer queued)");
 }
 
-TEST_F(CharacterFileTest, DamagedFilesGiveAMessageOrOpenWhatTheyHold) {
-    struct Case { std::string bytes; bool opens; };
-    const Case cases[] = {
-        {Character("<player name='P'/>").substr(0, 30), false},        // truncated
-        {"<character name='\xC3\x28'/>", false},                       // not UTF-8
-        {Character("<spaceship/><player name='P'><deck/></player>"), true},  // unknown elements
-        {Character("<player name='" + std::string(1 << 20, 'x') + "'/>"), true},
-        {"", false}};
-    for (const Case& c : cases) {
-        Reopen(Write("d.xml", c.bytes));
-        EXPECT_EQ(!sheet->characterClosed, c.opens) << c.bytes.substr(0, 40);
-        EXPECT_EQ(platform.Messages().size(), c.opens ? 0u : 1u) << c.bytes.substr(0, 40);
-        const std::string player = c.opens ? (c.bytes.size() > 1000 ? "x" : "P") : "";
-        EXPECT_EQ(sheet->PlayerField.Text().substr(0, 1), player);
-        platform = ScriptedPlatform("", "", "");
-    }
-}
-
 }  // namespace
 }  // namespace zeph::testing

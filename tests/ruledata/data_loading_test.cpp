@@ -62,15 +62,6 @@ TEST_F(DataLoading, FirstRunAsksForAFileLoadsItAndWritesNothingYet) {
     EXPECT_FALSE(fs::exists(prefsPath));
 }
 
-TEST_F(DataLoading, FirstRunCancelQuitsWithZeroFromTheFolderOfTheBundledSample) {
-    fs::create_directories(root / "data" / "rules");
-    platform.QueueAnswer("cancel");
-    EXPECT_THROW(app.LoadData(), QuitRequest);
-    EXPECT_EQ(platform.QuitCode(), 0);
-    EXPECT_EQ(platform.LastDialogFolder(), (root / "data" / "rules").string());
-    EXPECT_FALSE(fs::exists(prefsPath));
-}
-
 TEST_F(DataLoading, PreferencesRoundTripKeepingOrderAndTheSeparator) {
     write("prefs/zephalonprefs.xml", "old");
     data.SaveDataFilePreferences(platform);
@@ -120,14 +111,6 @@ TEST_F(DataLoading, ADamagedPreferencesFileShowsTheReportAndYieldsNoPath) {
     EXPECT_EQ(app.GetDataFile(), "");
     EXPECT_EQ(platform.Messages(),
               Lines{"Premature end of data in tag zephalonprefs line 1\n At node: zephalonprefs on: 1"});
-}
-
-TEST_F(DataLoading, AnotherRootLoadsWithNoBooksAndNoTables) {
-    platform.QueueAnswer(write("rules.xml", "<character/>"));
-    app.LoadData();
-    EXPECT_TRUE(app.doneloading);
-    EXPECT_EQ(data.zephalondata, "");
-    EXPECT_TRUE(data.referenceTables.empty());
 }
 
 TEST_F(DataLoading, HelpShowsTheGuideBesideTheAppOrAsksForItsFolder) {

@@ -47,20 +47,6 @@ TEST_F(CharacterTypes, LoadersFillTheListsInDocumentOrderAndPutTheOldIndexBack) 
     EXPECT_FALSE(sheet->savedChar);
 }
 
-TEST_F(CharacterTypes, ANewTypeOffersItsChoicesAndLeavesTheQualitiesAlone) {
-    AddQualityRow("Brawny", {});
-    sheet->CharacterTypePopup.SetText("Spirit");
-    EXPECT_EQ(sheet->ChooseCharPopup.Rows(), (Strings{"Bound", "Free", "Empty"}));
-    EXPECT_EQ(Names(), "Brawny;");
-    ExpectTexts("savedChar=false|StrengthTotal=0");  // nothing recomputed
-    // The choice applies its requirements, which go to the end, losing the user's change.
-    sheet->ChooseCharPopup.SetText("Bound");
-    sheet->QualityListBox.SetCell(1, 1, "4");
-    ChooseCharPopup_LostFocus(*sheet);
-    EXPECT_EQ(Names(), "Brawny;Taint;Ghost Sight;Sadicas Touch;");
-    EXPECT_EQ(sheet->QualityListBox.Cell(1, 1), "1");
-}
-
 TEST_F(CharacterTypes, AChoiceAddsItsRequiredQualitiesAsIfRecordedAtLevelOne) {
     Choose("Spirit", "Bound");
     EXPECT_EQ(Names(), "Taint;Ghost Sight;Sadicas Touch;");

@@ -39,17 +39,6 @@ TEST_F(Recomputation, TheFieldsAloneWithNoTypeThenTheFormulasAndBudgetsOfTheChoi
     EXPECT_EQ(sheet->physicalBonus, 0);   // 1.5 - 2, cut towards zero
 }
 
-TEST_F(Recomputation, AQualityBonusSendsPlacedPointsBackAtEveryRun) {
-    Choose("Human", "Survivor");
-    for (int i = 0; i < 3; ++i) AttributeBonus_MouseDown(*sheet, Dexterity);
-    AddQualityRow("Brawny", {{1, "1"}, {11, "1"}});
-    FigureSecondaryAttributes(*sheet);
-    EXPECT_EQ(sheet->physicalBonus, 3);
-    ExpectTexts("DexterityBonus=0|StrengthBonus=1");
-    FigureSecondaryAttributes(*sheet);
-    ExpectTexts("StrengthBonus=1");  // does not grow run by run
-}
-
 TEST_F(Recomputation, SpeedDividesOnlyWithASlash) {
     SetFields({"", "4", "3"});
     sheet->m_all_bonuses[11] = 1;  // from the qualities
@@ -127,18 +116,6 @@ TEST_F(Recomputation, FractionsAreCutRowByRowAndTheTaintPoolJoinsTheSummary) {
     sheet->m_all_bonuses[12] = 1;
     FigureSecondaryAttributes(*sheet);
     ExpectTexts("ExtraStatsField=Taint Pool: 1");
-}
-
-TEST_F(Recomputation, TheOptionalSystemChangesTheSkillBudget) {
-    SetFields({"", "", "", "2"});
-    AddQualityRow("Quick Study", {{1, "1"}, {18, "2"}});
-    Choose("Human", "Survivor");
-    ExpectTexts("SkillField=0/25");  // column 18 not read
-    sheet->OptionalSkillPointBox.SetValue(true);  // its action recomputes
-    ExpectTexts("SkillField=0/23");   // 15 + 2 + 3 * Intelligence 2
-    sheet->loadingCharFile = true;
-    sheet->OptionalSkillPointBox.SetValue(false);
-    ExpectTexts("SkillField=0/23");
 }
 
 TEST_F(Recomputation, AnXmlFailureShowsTheReportAndStops) {

@@ -89,32 +89,6 @@ TEST_F(Skills, SpecialtiesAndSubTypes) {
     ExpectTexts("SkillLevelField=0|SkillNameField=");
 }
 
-TEST_F(Skills, RecordingInPlayMovesExperienceFirst) {
-    InPlay("10");
-    Pick("Social", "Persuasion");
-    SkillUpDownArrows1_Up(*sheet);
-    sheet->SkillNotesField.SetText("two\nlines");
-    SkillRecordButton_Action(*sheet);
-    EXPECT_EQ(sheet->SkillListBox.Cell(0, 3) + "|" + sheet->SkillListBox.Cell(0, 4), "6|two lines");
-    ExpectTexts("SavedExperienceField=4|SpentExperienceField=6|SkillNameField=");
-    EXPECT_EQ(sheet->SkillTypeCombo.Text(), "");
-
-    Open(0);
-    SkillUpDownArrows1_Down(*sheet);
-    SkillRecordButton_Action(*sheet);
-    ExpectTexts("SavedExperienceField=10|SpentExperienceField=0");  // the edit gives back 6
-
-    Pick("Social", "Persuasion");
-    SkillUpDownArrows1_Up(*sheet);
-    sheet->SavedExperienceField.SetText("5");
-    SkillRecordButton_Action(*sheet);  // short: nothing, no word
-    SetTexts("SkillNameField=|SavedExperienceField=7");
-    SkillRecordButton_Action(*sheet);  // no name: the experience moves all the same
-    ExpectTexts("SavedExperienceField=1|SpentExperienceField=6");
-    EXPECT_EQ(sheet->SkillListBox.ListCount(), 1);
-    EXPECT_TRUE(platform.Messages().empty());
-}
-
 TEST_F(Skills, RowsComeBackAndGo) {
     sheet->SkillNameField.SetText("Typed");
     EXPECT_THROW(SkillRecordButton_Action(*sheet), std::out_of_range) << "a new sheet edits row 0";

@@ -253,25 +253,6 @@ TEST_F(AppStart, ExportShowsTheCharacterInTheChosenForm) {
     EXPECT_EQ(view->windowTitle(), "Ann");
 }
 
-// Rebuilt as it opens: "None" alone, then the shown windows by title with the front one checked.
-TEST_F(AppStart, TheWindowMenuListsTheShownWindows) {
-    auto* menu = widget<QMenu>("WindowMenu");
-    const auto captions = [menu] {
-        emit menu->aboutToShow();
-        QStringList all;
-        for (QAction* item : menu->actions()) all << item->text() + (item->isChecked() ? "*" : "");
-        return all;
-    };
-    window_->show();
-    EXPECT_EQ(captions(), QStringList({"None"}));
-    EXPECT_FALSE(menu->actions().at(0)->isEnabled());
-    QMainWindow other;
-    other.setWindowTitle("Ann");
-    other.show();
-    QApplication::setActiveWindow(window_.get());
-    EXPECT_EQ(captions(), QStringList({"Ann", window_->windowTitle() + "*"}));
-}
-
 TEST_F(AppStart, ClosingAsksCancelKeepsTheWindowSaveAndDontSaveCloseIt) {
     window_->show();
     sheet().savedChar = false;
