@@ -62,6 +62,11 @@ TEST(RuleData, LeavesRecordsAndQueriesAsTheRulesReadThem) {
     XmlNode type = rules->Query("//qualities/type").Item(0);
     EXPECT_EQ(type.ChildCount(), 3);  // blank text nodes are kept: blanks, name, blanks
     EXPECT_EQ(type.Child(1).Name(), "name");
+    // A child past the last is no node: every question about it has an empty answer.
+    const XmlNode none = type.Child(99);
+    EXPECT_EQ(none.Attribute("value") + none.Name() + std::to_string(none.ChildCount()), "0");
+    EXPECT_EQ(none.FirstChildValue(), std::nullopt);
+    EXPECT_EQ(type.Child(0).Attribute("value"), "");  // a text node has no attributes
     // The double-quoted form finds keys with an apostrophe; the single-quoted one fails.
     EXPECT_TRUE(rules->Query("//qualities/*/name[@value=\"Devil's Luck\"]").Empty());
     EXPECT_EQ(Report([&] { rules->Query("//qualities/*/name[@value='Devil's Luck']"); }),
