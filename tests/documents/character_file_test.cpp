@@ -59,7 +59,8 @@ TEST_F(CharacterFileTest, ReadingKeepsItsAsymmetries) {
         "<strength base='1' bonus='2' total='3'/><portrait path='/pictures/ann.png'/>"
         "<quality col0='Q' col1='1' col3='3' col4='ignored' col11='3' col28='beyond'/><skill col0='S'>  </skill>"
         "<notes><p>plain</p><sr>styled</sr></notes><history><p/><sr b='t'/></history>"
-        "<contacts><p>kept</p><sr/></contacts><journal><p>never read</p></journal>")));
+        "<contacts><p>kept</p><sr/></contacts><journal><p>never read</p></journal>"
+        "<altforms><p>Wolf</p></altforms><equipment><p>Rope</p><p>Lamp</p></equipment>")));
     EXPECT_EQ(sheet->DPField.Text(), "");
     EXPECT_FALSE(sheet->EndText.Visible() || sheet->EnduranceTotal.Visible() ||
                  sheet->SpeedText.Visible() || sheet->EssenceTotal.Visible());
@@ -72,6 +73,8 @@ TEST_F(CharacterFileTest, ReadingKeepsItsAsymmetries) {
     EXPECT_EQ(sheet->HistoryField.Text(), "");   // neither text nor runs
     EXPECT_EQ(sheet->ContactsField.Text(), "kept");  // runs without text keep the plain text
     EXPECT_EQ(sheet->JournalField.Text(), "");
+    // Plain paragraphs alone are read into every styled field but the journal.
+    EXPECT_EQ(sheet->AltFormField.Text() + "|" + sheet->EquipmentField.Text(), "Wolf|Rope\nLamp");
 }
 
 TEST_F(CharacterFileTest, BookWarningCountsTheLoadedBooksFoundAsSubstrings) {
