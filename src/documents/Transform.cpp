@@ -57,8 +57,8 @@ private:
         reports->first_ = error->message;
         reports->line_ = error->line;
     }
-    // A runtime error comes as two reports, where it stands ("runtime error: file F line N
-    // element E") and then what went wrong; both are kept, and N is the line.
+    // A runtime or compilation error comes as two reports, where it stands ("runtime error: file
+    // F line N element E") and then what went wrong; both are kept, and N is the line.
     static void generic(void* self, const char* format, ...) {
         auto* reports = static_cast<Reports*>(self);
         if (!reports->first_.empty() && !reports->placeOnly_) return;
@@ -68,7 +68,8 @@ private:
         std::vsnprintf(text, sizeof text, format, arguments);
         va_end(arguments);
         reports->first_ += text;
-        reports->placeOnly_ = !reports->placeOnly_ && reports->first_.starts_with("runtime error: ");
+        reports->placeOnly_ = !reports->placeOnly_ && (reports->first_.starts_with("runtime error: ") ||
+                                                       reports->first_.starts_with("compilation error: "));
         if (reports->placeOnly_) {
             const std::size_t at = reports->first_.find(" line ");
             if (at != std::string::npos) reports->line_ = std::atoi(reports->first_.c_str() + at + 6);

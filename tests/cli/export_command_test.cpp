@@ -42,6 +42,12 @@ TEST(ExportCommand, MissingFilesAndBadArgumentsEndWithStatusTwo) {
     Exported notXml = Export("html", kSource + "/README.md");
     EXPECT_EQ(notXml.status, 2);
     EXPECT_NE(notXml.err.find("message: "), std::string::npos);
+    // XML but no XSLT: where it stands and what went wrong, as with a failure while running.
+    const testing::TempFolder folder("not-xslt");
+    const std::string notXslt = folder.Write("custom.xsl", "<notxsl/>");
+    EXPECT_EQ(Export("custom", character, folder.path.string()).err,
+              "message: compilation error: file " + notXslt + " line 1 element notxsl\\nxsltParseStylesheetProcess "
+              ": document is not a stylesheet\\n At node: " + notXslt + " on: 1\n");
 
     std::ostringstream out, err;
     EXPECT_EQ(RunExportCommand({"--format", "html", character}, kStylesheets, out, err), 2);

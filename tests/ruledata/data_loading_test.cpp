@@ -112,17 +112,3 @@ TEST_F(DataLoading, ADamagedPreferencesFileShowsTheReportAndYieldsNoPath) {
     EXPECT_EQ(platform.Messages(),
               Lines{"Premature end of data in tag zephalonprefs line 1\n At node: zephalonprefs on: 1"});
 }
-
-TEST_F(DataLoading, HelpShowsTheGuideBesideTheAppOrAsksForItsFolder) {
-    platform.QueueAnswer("/elsewhere/Documentation");
-    app._HelpHelp_Action();
-    EXPECT_EQ(platform.Messages().at(0),
-              "The Documentation folder isn't in the same directory as the Zephalon "
-              "application.Please indicate where the Documentation folder is.");
-    EXPECT_EQ(platform.Transcript().back(), "url: file:///elsewhere/Documentation/index.html");
-    fs::create_directories(root / "build" / "bin" / "Documentation");
-    app._HelpHelp_Action();
-    EXPECT_EQ(platform.Transcript().back(),
-              "url: file://" + (root / "build" / "bin" / "Documentation" / "index.html").string());
-    EXPECT_EQ(platform.Messages().size(), 1u);
-}

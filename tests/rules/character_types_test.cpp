@@ -105,12 +105,3 @@ TEST_F(CharacterTypes, ChangesDoNothingWhileACharacterLoadsThenAnAssociationCopi
     sheet->AssociationCombo.SetText("Order");
     ExpectTexts("AssociationField=A quiet order of watchers.|savedChar=false");
 }
-
-TEST_F(CharacterTypes, AnApostropheInATypeShowsTheReport) {
-    sheet->CharacterTypePopup.SetText("Devil's Own");
-    AddQualityFromCharType(*sheet, "Devil's Own", "Imp");
-    ASSERT_EQ(platform.Messages().size(), 2u);
-    EXPECT_EQ(platform.Messages()[1], "Invalid predicate\n At node: //charactertype/"
-                                      "type[@value='Devil's Own']/name[@value='Imp'] on: 0");
-    EXPECT_TRUE(sheet->savedChar);
-}

@@ -117,14 +117,3 @@ TEST_F(Recomputation, FractionsAreCutRowByRowAndTheTaintPoolJoinsTheSummary) {
     FigureSecondaryAttributes(*sheet);
     ExpectTexts("ExtraStatsField=Taint Pool: 1");
 }
-
-TEST_F(Recomputation, AnXmlFailureShowsTheReportAndStops) {
-    SetFields({"3"});
-    sheet->CharacterTypePopup.SetText("Devil's Own");
-    platform = ScriptedPlatform("/p", "/a", "/tmp");
-    FigureSecondaryAttributes(*sheet);
-    EXPECT_EQ(platform.Messages(),
-              std::vector<std::string>{"Invalid predicate\n At node: //charactertype/type[@value="
-                                       "'Devil's Own']/name[@value='']/bonuspts on: 0"});
-    ExpectTexts("StrengthTotal=0");
-}

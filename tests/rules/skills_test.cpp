@@ -227,20 +227,3 @@ TEST_F(Skills, TheMenuOffersTheStyleSpecialMovesOrAllMoves) {
         EXPECT_EQ(separator - items.begin(), std::string(c.heading) == "Visualization" ? 3 : 4);
     }
 }
-
-TEST_F(Skills, FailuresStandWhereEachOperationPlacesThem) {
-    UseRules(
-        "<zephalondata><skills><category value=\"C\"><name value=\"Martial Arts\"/></category>"
-        "</skills><martialstyles><name value=\"Bare\"><basicmoves/></name></martialstyles>"
-        "</zephalondata>");
-    sheet->SkillPopup.AddRow("O'Neil");
-    sheet->SkillPopup.SetText("O'Neil");
-    ASSERT_EQ(platform.Messages().size(), 1u);
-    EXPECT_NE(
-        platform.Messages()[0].find("At node: //skills/category[@value='']/name[@value='O'Neil']"),
-        std::string::npos);
-    EXPECT_THROW(sheet->SkillCategoryPopup.SetText("It's"), XmlError);
-    sheet->SkillNameField.SetText("Martial Arts");
-    sheet->SkillSelectPopup.AddRow("Bare");
-    EXPECT_THROW(sheet->SkillSelectPopup.SetText("Bare"), std::runtime_error);
-}

@@ -195,3 +195,10 @@ expect changed QualityCostField=2 ; QualityCostPerLevelField=2/- ; QualityLevelF
   QualityListBox.ListIndex=3 ; QualityMaxLevelField=4 ; QualityNameField=Keen Eye ; \
   QualityNoteField=Sharp. ; QualityReferenceField=ZPR 3 ; QualityXPCostField=0 ; \
   QualityXPCostPerLevelField=5/- ; q_attributes=2,0,0,0,1,0,0 ; q_bonuspts=2,,,,,,,1,,, ; q_row=3
+select QualityListBox 6
+do QualityListBox_DoubleClick
+expect changed QualityAlternateFormCombo=Hawk ; QualityAlternateFormCombo.ListIndex=1 ; \
+  QualityAlternateFormCombo.rows=Wolf|Hawk ; Quality{AltFormText,AlternateFormCombo}.visible=true ; \
+  QualityCostPerLevelField=4/4 ; QualityLevelField=0 ; QualityListBox.ListIndex=6 ; QualityMaxLevelField=1 ; \
+  QualityNameField=Shapeshifter(Hawk) ; Quality{Cost,Note,Reference,XPCost}Field= ; \
+  QualityXPCostPerLevelField=4/4 ; q_attributes=0,0,0,0,0,0,0 ; q_bonuspts=,,,,,,,,,, ; q_row=6

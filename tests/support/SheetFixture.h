@@ -10,6 +10,7 @@
 #include <memory>
 #include <string>
 
+#include "cli/StateSnapshot.h"
 #include "platform/ScriptedPlatform.h"
 #include "ruledata/DataModule.h"
 #include "shell/SheetOperations.h"
@@ -74,15 +75,10 @@ protected:
     void ExpectTexts(const std::string& expected) {
         for (const std::string& entry : SplitFields(expected, '|')) {
             const std::string name = entry.substr(0, entry.find('='));
-            if (const auto* property = sheet->Properties().Find(name)) {
-                EXPECT_EQ(property->get(), entry.substr(name.size() + 1)) << name;
-                continue;
-            }
+            const auto* property = sheet->Properties().Find(name);
             const Item* item = sheet->Items().Find(name);
-            ASSERT_NE(item, nullptr) << name;
-            const auto* combo = dynamic_cast<const ComboItem*>(item);
-            EXPECT_EQ(combo ? combo->Text() : dynamic_cast<const TextItem&>(*item).Text(),
-                      entry.substr(name.size() + 1)) << name;
+            ASSERT_TRUE(property || item) << name;
+            EXPECT_EQ(property ? property->get() : ItemText(*item), entry.substr(name.size() + 1)) << name;
         }
     }
     // Sets text and combo items in order, as the console's `set` does: "Name=text|Name=text".
