@@ -26,7 +26,6 @@ Outcome run(const std::string& script) {
     return {status, out.str(), err.str()};
 }
 
-const std::string kSample = "data " + std::string(ZEPHALON_SOURCE_DIR) + "/data/rules/sample.xml\n";
 
 }  // namespace
 
@@ -50,14 +49,6 @@ TEST(ScriptRunner, ScriptErrorsStopWithStatusTwoAndTheirLine) {
     }
     EXPECT_NE(run("\ndo NoSuchOperation\n").err.find("line 2: unknown operation NoSuchOperation"),
               std::string::npos);
-}
-
-TEST(ScriptRunner, MessagesAndDialogsArePrintedAndAnswered) {
-    Outcome o = run(kSample + "set CharacterTypePopup Devil's\nanswer Cancel\ndo App.LoadData\n");
-    EXPECT_EQ(o.status, 0) << o.err;
-    o.Shows({"\\n At node: //charactertype/type[@value='Devil's']/name on: ",
-             "message: Please select a data file to use.",
-             "dialog: open text/xml -> Cancel\nquit: 0\n"});
 }
 
 // GetDataFile prints its messages before its value; expectations after a quit fail.

@@ -45,6 +45,10 @@ TEST_F(AlternateForms, WritesOneBlockPerForm) {
               "Points: 22|Armor Value: 1|Natural Attacks: Fang d4|Page Reference: ZSB p. 9|||Bear|"
               "Strength: 10 Dexterity: 4 Constitution: 9|Intelligence: 1 Perception: 7 Willpower: "
               "2|Life Points: 22|Armor Value: 1|||");
+    // A first form without calculations starts them at zero.
+    EXPECT_EQ(Generate({"&&&&Stone"}, {}, false),
+              "Stone|Strength: 4 Dexterity: 2 Constitution: 7|Intelligence: 2 Perception: 3 Willpower: 1|Life "
+              "Points: 0|Endurance Points: 0|Speed: 18|Essence Pool: 17|Armor Value: |||");
     // The quote breaks the query: what was built before is dropped.
     EXPECT_EQ(Generate({"&&&&Wolf"}, {"Kin's"}, false), "");
     EXPECT_EQ(platform.Messages().size(), 1u) << "only the failure shows a message";

@@ -56,7 +56,8 @@ TEST_F(Recomputation, VitalEssenceFormsEssenceBeforeTheBonusGoesInAndDramaPoints
     AddQualityRow("Inner Well", {{1, "1"}, {22, "3"}});
     Choose("Gifted", "Vital");
     ExpectTexts("LPText=Vital Ess.:|WillpowerTotal=3|EssenceBonus=3|EssenceTotal=49|"  // (13 + 10) * 2 + 3
-                "LifePointsTotal=26|DPField=20");  // 13 + 10 + 3
+                "LifePointsTotal=26|DPField=20|"  // 13 + 10 + 3
+                "attrBonus=0,0,0,0,0,1,0");  // the seventh is no attribute's
     // Drama points follow the record until the character is in play.
     EXPECT_TRUE(sheet->DPField.Visible() && sheet->DPText.Visible());
     for (Item* hidden : std::initializer_list<Item*>{

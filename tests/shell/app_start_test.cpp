@@ -18,7 +18,6 @@
 #include "shell/gui/CoreCall.h"
 #include "shell/gui/JournalView.h"
 #include "shell/gui/PortraitView.h"
-#include "shell/gui/StyleBar.h"
 #include "shell/gui_test_app.h"
 
 namespace zeph::gui {
@@ -258,41 +257,6 @@ TEST_F(AppStart, TheJournalCrossesToItsWindowAndBackAtClosing) {
     journal->close();
     EXPECT_EQ(sheet.JournalField.Text(), "Day one, rain");
     EXPECT_FALSE(sheet.JournalField.Visible() || sheet.journalWindowIsOpen);
-}
-
-TEST_F(AppStart, ListButtonsArrowsAndDeleteKeyRunTheirOperations) {
-    CharacterSheet& sheet = this->sheet();
-    window_->findChild<QPushButton*>("QualitySeparator")->click();
-    window_->findChild<QPushButton*>("MetaSeparator")->click();
-    EXPECT_EQ(sheet.QualityListBox.Cell(0, 0) + sheet.MetaListBox.Cell(0, 0), "----");
-    sheet.QualityListBox.SetListIndex(0);
-    auto* list = window_->findChild<QTreeWidget*>("QualityListBox");
-    QKeyEvent press(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
-    QApplication::sendEvent(list, &press);
-    EXPECT_EQ(sheet.QualityListBox.ListCount(), 0);
-    sheet.QualityListBox.AddRow("Zeal");
-    sheet.QualityListBox.AddRow("agile");
-    emit list->header()->sectionClicked(0);  // sorts, and ends keeping drawbacks apart
-    EXPECT_EQ(sheet.QualityListBox.Cell(0, 0), "agile");
-    EXPECT_FALSE(sheet.QualitiesSeparateQDBox.Value());
-    window_->findChild<QToolButton*>("SkillUpDownArrows1_Up")->click();
-    EXPECT_EQ(sheet.SkillLevelField.Text(), "1");
-}
-
-TEST_F(AppStart, FormatCommandsAndTabInTheStyledFields) {
-    auto* notes = window_->findChild<QTextEdit*>("NotesField");
-    notes->setPlainText("abc");
-    notes->selectAll();
-    sheet().savedChar = true;
-    for (const char* command : {"FormatBold", "FormatBigger", "FormatBigger", "FormatSmaller"})
-        FormatSelection(*notes, command);  // from the default size: 2
-    EXPECT_TRUE(sheet().NotesField.Styled().runs.at(0).bold);
-    EXPECT_EQ(sheet().NotesField.Styled().runs.at(0).size, 2);
-    EXPECT_TRUE(sheet().savedChar);  // a change of format is no edit
-    notes->moveCursor(QTextCursor::End);
-    QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
-    QApplication::sendEvent(notes, &tab);
-    EXPECT_EQ(sheet().NotesField.Text(), "abc    ");
 }
 
 TEST_F(AppStart, APortraitDroppedSizesTheWindowAndWaitsForTheSave) {
