@@ -49,19 +49,6 @@ protected:
 
 }  // namespace
 
-TEST_F(DataLoading, FirstRunAsksForAFileLoadsItAndWritesNothingYet) {
-    std::string rules = write("rules.xml", kRules);
-    platform.QueueAnswer(rules);
-    app.LoadData();
-    EXPECT_EQ(platform.Messages(), Lines{"Please select a data file to use. Zephalon will not "
-                                         "operate without an xml data file."});
-    EXPECT_TRUE(app.doneloading);
-    EXPECT_EQ(data.datafilepath, rules);
-    EXPECT_EQ(data.zephalondata, "ZSB WC");
-    EXPECT_EQ(data.referenceTables, (Lines{"Ranges", "Levels"}));
-    EXPECT_FALSE(fs::exists(prefsPath));
-}
-
 TEST_F(DataLoading, PreferencesRoundTripKeepingOrderAndTheSeparator) {
     write("prefs/zephalonprefs.xml", "old");
     data.SaveDataFilePreferences(platform);

@@ -56,11 +56,7 @@ TEST_F(AlternateForms, WritesOneBlockPerForm) {
 
 TEST_F(AlternateForms, ChosenFormNamesAndPricesTheQuality) {
     for (auto [name, form, expected] :
-         {std::tuple{"Shapeshifter", "Wolf",
-                     "QualityNameField=Shapeshifter(Wolf)|QualityLevelField=0|QualityCostField=|"
-                     "QualityMaxLevelField=1|QualityXPCostField=|QualityCostPerLevelField=7/7|"
-                     "QualityXPCostPerLevelField=7/7"},
-          {"Accursed Kin(Bear)", "Wolf",
+         {std::tuple{"Accursed Kin(Bear)", "Wolf",
            "QualityNameField=Accursed Kin(Wolf)|QualityCostPerLevelField=4/4"},
           {"Shifter", "Bear", "QualityNameField=Shifter(Bear)|QualityLevelField=3"},
           {"Shifter", "Kin's", "QualityNameField=Shifter(Kin's)"}}) {

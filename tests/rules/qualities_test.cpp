@@ -43,17 +43,6 @@ TEST_F(Qualities, RecordingMarksThePoolsByName) {
     EXPECT_EQ(Row(1, 6, 6), "Keen Eye,0 ") << "a line end becomes one blank";
 }
 
-// Rows whose cost and experience add up below 0 go behind, each group in its order.
-TEST_F(Qualities, DrawbacksGoBehindTheQualitiesInTheirOrder) {
-    AddQualityRow("D1", {{2, "-2"}, {27, "kept"}});
-    AddQualityRow("Q1", {{2, "2"}});
-    AddQualityRow("--", {});
-    AddQualityRow("Q2", {{2, "-2"}, {3, "3"}});
-    AddQualityRow("D2", {{2, "-1"}});
-    SeparateQD(*sheet);
-    EXPECT_EQ(Names(), "Q1;--;Q2;D1;D2;");
-    EXPECT_EQ(Row(3, 27, 27), "kept");
-}
 
 class QualityBonuses : public SheetTest {
 protected:

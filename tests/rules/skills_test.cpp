@@ -105,10 +105,6 @@ TEST_F(Skills, RowsComeBackAndGo) {
     SkillListBox_KeyDown(*sheet, "\x08");
     ExpectTexts("SavedExperienceField=4|SpentExperienceField=-4");
     EXPECT_EQ(sheet->SkillListBox.ListIndex(), 0);
-    sheet->SkillListBox.SetListIndex(-1);
-    SkillRemoveButton_Action(*sheet);
-    EXPECT_EQ(sheet->SkillListBox.ListCount(), 1) << "nothing selected: nothing removed";
-    EXPECT_EQ(sheet->SkillListBox.ListIndex(), 0);
 }
 
 TEST_F(Skills, TheFreePoolOfEachMode) {

@@ -1,14 +1,12 @@
-// What the Qt platform answers without showing a dialog, and the numbers of the sheet under
-// the locale the app takes from the environment when its QApplication starts.
+// The numbers of the sheet under the locale the app takes from the environment when its
+// QApplication starts.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include <QDir>
 #include <clocale>
 #include <cstdlib>
 #include <filesystem>
 
-#include "platform/qt/QtPlatform.h"
 #include "shell/gui_test_app.h"
 #include "text/TextHelpers.h"
 
@@ -30,20 +28,6 @@ class ScopedEnv {
     QByteArray old_;
 };
 
-// An absolute XDG_CONFIG_HOME holds them; unset or relative, ~/.config does.
-TEST(QtPlatform, PreferencesLiveInTheXdgConfigFolder) {
-    const std::string home = (QDir::homePath() + "/.config/zephalon").toStdString();
-    const std::pair<QByteArray, std::string> cases[] = {
-        {"/tmp/zeph-config", "/tmp/zeph-config/zephalon"},
-        {QByteArray(), home},
-        {"relative/config", home}};
-    for (const auto& [value, folder] : cases) {
-        ScopedEnv config("XDG_CONFIG_HOME", value);
-        EXPECT_EQ(QtPlatform().PreferencesFolder(), folder) << value.constData();
-    }
-    EXPECT_EQ(FileDialogFilter(FileTypes::Text), "text (*.xml *.xsl)");
-    EXPECT_EQ(FileDialogFilter(FileTypes::TextXml), "text/xml (*.xml)");
-}
 
 // A locale that writes "2,5" must change no number of the sheet. It is de_DE when installed,
 // else one made by localedef under a LOCPATH of our own.
