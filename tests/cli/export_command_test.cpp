@@ -52,10 +52,6 @@ TEST(ExportCommand, MissingFilesAndBadArgumentsEndWithStatusTwo) {
     std::ostringstream out, err;
     EXPECT_EQ(RunExportCommand({"--format", "html", character}, kStylesheets, out, err), 2);
     EXPECT_NE(err.str().find("usage: zephalon-cli export"), std::string::npos);
-    // The options may come in any order.
-    const std::string rules = kSource + "/data/rules/sample.xml";
-    EXPECT_EQ(RunExportCommand({character, "--format", "text", "--data", rules}, kStylesheets, out,
-                               err), 0);
 }
 
 // A custom stylesheet may only read the character: writing a file (also in a new folder or over

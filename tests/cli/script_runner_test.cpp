@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <sstream>
 
 #include "cli/ScriptRunner.h"
@@ -12,10 +11,6 @@ namespace {
 struct Outcome {
     int status;
     std::string out, err;
-    // Expects each part somewhere in the output.
-    void Shows(std::initializer_list<const char*> parts) const {
-        for (const char* p : parts) EXPECT_NE(out.find(p), std::string::npos) << p << '\n' << out;
-    }
 };
 
 Outcome run(const std::string& script) {
@@ -49,15 +44,5 @@ TEST(ScriptRunner, ScriptErrorsStopWithStatusTwoAndTheirLine) {
     }
     EXPECT_NE(run("\ndo NoSuchOperation\n").err.find("line 2: unknown operation NoSuchOperation"),
               std::string::npos);
-}
-
-// GetDataFile prints its messages before its value; expectations after a quit fail.
-TEST(ScriptRunner, StartUpStepsAndAQuit) {
-    Outcome o = run("answer /x/rules.xml\ndo App.GetDataFile\nanswer cancel\ndo App.LoadData\n"
-                    "print AgeField\nexpect AgeField 21\n");
-    EXPECT_EQ(o.status, 1);
-    EXPECT_EQ(o.out.find("AgeField = "), std::string::npos);  // nothing runs after the quit
-    o.Shows({"dialog: open text/xml -> /x/rules.xml\nApp.GetDataFile = /x/rules.xml\n",
-             "line 6: not reached: the program quit at line 4\n"});
 }
 

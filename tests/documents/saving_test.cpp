@@ -121,9 +121,6 @@ TEST_F(SavingTest, ClosingClosesTheWindowsThenAsksWithThreeAnswers) {
     EXPECT_FALSE(Event_CancelClose(*sheet));  // saved: no question, no window to close
     EXPECT_EQ(platform.Transcript().size(), asked);
     EXPECT_EQ(closed.size(), 6u);
-    sheet->JournalField.SetText("own");
-    CharacterFileText(*sheet);  // the journal's handle stays, but it is closed: nothing copied
-    EXPECT_EQ(sheet->JournalField.Text(), "own");
 }
 
 TEST(RecentFiles, KeepSixteenByPathAndOpenByName) {
@@ -159,10 +156,6 @@ TEST(RecentFiles, KeepSixteenByPathAndOpenByName) {
     EXPECT_TRUE(data.recentItemsName.empty() && data.recentItemsPaths.empty());
     EXPECT_EQ(data.recentMenuItems, (std::vector<std::string>{"-", "Clear"}));
     EXPECT_TRUE(platform.OpenNotices().empty());
-    data.recentItemsName = {"a", "b"};
-    RemoveRecentOpenItems(data);
-    RebuildRecentOpenItems(data);
-    EXPECT_EQ(JoinFields(data.recentMenuItems, "|"), "a|b|-|Clear");
 }
 
 }  // namespace
