@@ -394,12 +394,7 @@ std::vector<std::pair<std::string, std::string>> ScriptRunner::values(const std:
     if (attribute == "ListCount" && combo) return one(Str(combo->ListCount()));
     if (attribute == "rows" && combo) return one(JoinFields(combo->Rows(), "|"));
     if (attribute == "heading" && list) return one(list->Heading(0));
-    if (attribute == "headings" && list) {
-        std::vector<std::string> headings;
-        for (int column = 0; column < list->ColumnCount(); ++column)
-            headings.push_back(list->Heading(column));
-        return one(JoinFields(headings, "|"));
-    }
+    if (attribute == "headings" && list) return one(HeadingsText(*list));
     if (attribute == "ColumnWidths" && list) return one(list->ColumnWidths());
     if (attribute == "runs" && text) return one(RunsText(text->Styled()));
     if (!attribute.empty()) throw ScriptError{"cannot read " + name};

@@ -7,13 +7,24 @@ namespace zeph {
 
 std::string BoolText(bool value) { return value ? "true" : "false"; }
 
+namespace {
+
+template <class Column>
+std::string JoinColumns(const ListItem& list, Column text) {
+    std::string joined;
+    for (int column = 0; column < list.ColumnCount(); ++column)
+        joined += (column > 0 ? "|" : "") + text(column);
+    return joined;
+}
+
+}  // namespace
+
 std::string ListRowText(const ListItem& list, int row) {
-    std::string text;
-    for (int column = 0; column < list.ColumnCount(); ++column) {
-        if (column > 0) text += "|";
-        text += list.Cell(row, column);
-    }
-    return text;
+    return JoinColumns(list, [&](int column) { return list.Cell(row, column); });
+}
+
+std::string HeadingsText(const ListItem& list) {
+    return JoinColumns(list, [&](int column) { return list.Heading(column); });
 }
 
 std::string RunsText(const StyledText& styled) {
@@ -46,6 +57,7 @@ StateSnapshot TakeSnapshot(const ItemRegistry& items, const PropertyRegistry* pr
         if (const auto* list = dynamic_cast<const ListItem*>(item)) {
             put(name + ".ListCount", Str(list->ListCount()));
             put(name + ".ListIndex", Str(list->ListIndex()));
+            put(name + ".headings", HeadingsText(*list));
             for (int row = 0; row < list->ListCount(); ++row) {
                 const std::string at = name + "[" + std::to_string(row) + "]";
                 put(at, ListRowText(*list, row));

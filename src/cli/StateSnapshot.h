@@ -15,15 +15,17 @@ namespace zeph {
 
 using StateSnapshot = std::map<std::string, std::string>;
 
-// The texts `print` shows: a flag "true"/"false", a list row its cells joined by "|", a styled
-// text its runs joined by "|", each after the marks of its styles ("[b]Name|details").
+// The texts `print` shows: a flag "true"/"false", a list row (or its headings) the cells joined
+// by "|", a styled text its runs joined by "|", each after the marks of its styles
+// ("[b]Name|details").
 std::string BoolText(bool value);
 std::string ItemText(const Item& item);
 std::string ListRowText(const ListItem& list, int row);
+std::string HeadingsText(const ListItem& list);
 std::string RunsText(const StyledText& styled);
 
 // Every item's text, its being hidden or disabled, a combo's rows and selection, a list's count,
-// selection and rows (and bold first cells), a styled text's runs; then every property but
+// selection, headings and rows (and bold first cells), a styled text's runs; then every property but
 // `fileSaveString` (the saved file itself, which `print` still shows).
 StateSnapshot TakeSnapshot(const ItemRegistry& items, const PropertyRegistry* properties);
 

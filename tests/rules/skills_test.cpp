@@ -200,6 +200,10 @@ TEST_F(Skills, ReopeningASkillRestoresItsMovesInOrderWithTheirMarks) {
     SkillRecordButton_Action(*sheet);  // stored, and the list goes away with the skill
     EXPECT_FALSE(sheet->SkillMartialVisualListBox.Visible());
     EXPECT_EQ(JoinFields(sheet->visualizations, ";"), "*Odd,1,;Mirror Hall,3,");
+    Open(0);
+    sheet->SkillListBox.AddRow("Brawling");
+    Open(2);  // any other skill hides the list
+    EXPECT_FALSE(sheet->SkillMartialVisualListBox.Visible());
 }
 
 TEST_F(Skills, TheMenuOffersTheStyleSpecialMovesOrAllMoves) {

@@ -202,3 +202,12 @@ expect changed QualityAlternateFormCombo=Hawk ; QualityAlternateFormCombo.ListIn
   QualityCostPerLevelField=4/4 ; QualityLevelField=0 ; QualityListBox.ListIndex=6 ; QualityMaxLevelField=1 ; \
   QualityNameField=Shapeshifter(Hawk) ; Quality{Cost,Note,Reference,XPCost}Field= ; \
   QualityXPCostPerLevelField=4/4 ; q_attributes=0,0,0,0,0,0,0 ; q_bonuspts=,,,,,,,,,, ; q_row=6
+# Another form chosen renames the edited row.
+choose QualityAlternateFormCombo Wolf
+do QualityUpDownArrows_Up
+do QualityRecordButton_Action
+expect changed InfoText=Attr(0/20) Q(10/10) D(-2/10) S(0/25) M(0/10)      |     Books in use: ZPR ; \
+  QualityField=10/10 ; QualityListBox[6]=Shapeshifter(Wolf)|1|6|||||1|6/6|6/6||0|0|0|0|0|0|||||||||||&&Wolf,Hawk&&Wolf ; \
+  Quality{AltFormText,AlternateFormCombo}.visible=false ; QualityAlternateFormCombo.ListIndex=-1 ; \
+  Quality{AlternateFormCombo,AlternateFormCombo.rows,CostPerLevelField,LevelField,MaxLevelField,NameField}= ; \
+  QualityXPCostPerLevelField= ; q_row=-1

@@ -64,7 +64,7 @@ do SkillUpDownArrows1_Up
 do SkillMartialVisualListBox_ContextualMenuAction Mirror Hall
 do SkillRecordButton_Action
 expect changed InfoText=Attr(0/20) Q(0/10) D(0/10) S(9/25) M(0/0)      |     Books in use: ZSB ZMC WC ; \
-  SkillCategoryPopup=Esoteric ; SkillField=9/25 ; \
+  SkillCategoryPopup=Esoteric ; SkillField=9/25 ; SkillMartialVisualListBox.headings=Visualization|Level|XPs ; \
   SkillListBox[2]=Lucid Dream|1|2|0|Control of one's own dreams through trained visualizations.|ZMC p. 40|Special| ; \
   SkillPopup=Lucid Dream ; SkillPopup.ListIndex=0 ; \
   SkillPopup.rows=Lucid Dream|Meditation|Spirit Sight ; SkillSelectPopup.ListIndex=-1 ; \
@@ -75,9 +75,9 @@ set SavedExperienceField 20
 select SkillListBox 1
 do SkillListBox_DoubleClick
 expect changed CharacterInPlayBox=true ; SavedExperienceField=20 ; SkillLevelField=2 ; \
-  SkillMartialVisualListBox[0]=*Punch|2| ; SkillMartialVisualListBox[1]=*Kick|2| ; \
-  SkillMartialVisualListBox[2]=*Block|2| ; SkillMartialVisualListBox[3]=Sweep|2| ; \
-  SkillMartialVisualListBox{.visible,[0].bold,[1].bold,[2].bold}=true ; \
+  SkillMartialVisualListBox.headings=Combat Move|Level|XPs ; SkillMartialVisualListBox[0]=*Punch|2| ; \
+  SkillMartialVisualListBox[1]=*Kick|2| ; SkillMartialVisualListBox[2]=*Block|2| ; \
+  SkillMartialVisualListBox[3]=Sweep|2| ; SkillMartialVisualListBox{.visible,[0].bold,[1].bold,[2].bold}=true ; \
   SkillNameField=Martial Arts(Iron Crane) ; SkillNotesField=Trained unarmed fighting in one style. ; \
   SkillReferenceField=ZSB p. 81 ; SkillSelectPopup.rows=Iron Crane|River Fist|Stone Palm ; \
   SkillTypeCombo=Special ; SkillXPCostField=0 ; Skill{CostField,MartialVisualListBox.ListCount}=4 ; \

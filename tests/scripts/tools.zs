@@ -1,17 +1,17 @@
 # The tools as their menu items open them, each the target until `sheet`.
 data tests/data/reference_tables.xml
 tool reference Odds
-expect changed ListBox1.ListCount=9 ; ListBox1.ListIndex=-1 ; ListBox1[0]= |b| ; ListBox1[1]=3|x|y ; \
+# The empty heading takes no width: its 70 is lost and 50 moves one column left.
+expect changed ListBox1.ListCount=9 ; ListBox1.ListIndex=-1 ; ListBox1.headings=Roll||Odds ; \
+  ListBox1[0]= |b| ; ListBox1[1]=3|x|y ; \
   ListBox1[2]=4|x|y ; ListBox1[3]=5|x|y ; ListBox1[4]=6|x|y ; ListBox1[5]=7|x|y ; ListBox1[6]=8|x|y ; \
   ListBox1[7]=9|x|y ; ListBox1[8]=10|x|y
 expect Title Odds
-# The empty heading takes no width: its 70 is lost and 50 moves one column left.
-expect ListBox1.headings Roll||Odds
 expect ListBox1.ColumnWidths 90,50
 expect Width 160
 expect Height 220
 tool reference Bare
-expect changed ListBox1.ListCount=1 ; ListBox1.ListIndex=-1 ; ListBox1[0]=
+expect changed ListBox1.ListCount=1 ; ListBox1.ListIndex=-1 ; ListBox1{.headings,[0]}=
 expect Width 20
 tool dice
 expect changed AddCombo.rows=0|1|2|3|4|5|6|7|8|9|10|11|12|13|14|15|16|17|18|19|20 ; \
@@ -48,6 +48,7 @@ expect changed CurrentVersionText=Zephalon Version: 1.1.5 ; GrabNewVersionText=G
   OnlineVersionText= ; OnlineVersionText.visible=false ; ProgressWheel1= ; \
   ProgressWheel1.visible=false
 tool datafiles
-expect changed ListBox1.ListCount=0 ; ListBox1.ListIndex=-1 ; PathText= ; PathText.visible=false
+expect changed ListBox1.ListCount=0 ; ListBox1.ListIndex=-1 ; ListBox1.headings=Name|File|Path ; PathText= ; \
+  PathText.visible=false
 sheet
 expect NameField 
