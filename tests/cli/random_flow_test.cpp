@@ -3,12 +3,12 @@
 // same; and a second recomputation changes nothing.
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <regex>
 #include <sstream>
 
 #include "cli/ScriptRunner.h"
 #include "cli/StateSnapshot.h"
+#include "platform/Files.h"
 #include "rules/SecondaryAttributes.h"
 #include "sheet/CharacterSheet.h"
 #include "support/RandomSteps.h"
@@ -31,11 +31,8 @@ protected:
     }
     std::string Saved(const std::string& path) {
         Run("save " + path);
-        std::ifstream in(path);
-        std::stringstream text;
-        text << in.rdbuf();
         // Drama points are written but never read back: an opened sheet in play keeps none.
-        return std::regex_replace(text.str(),
+        return std::regex_replace(ReadWholeFile(path).value_or(""),
                                   std::regex(R"(LastChange="[^"]*"|<dramapoints points="[^"]*"/>)"), "");
     }
 

@@ -53,8 +53,9 @@ TEST_F(CharacterFileTest, ElementsStandInTheOrderOfTheFormat) {
 }
 
 TEST_F(CharacterFileTest, ReadingKeepsItsAsymmetries) {
-    sheet->DPField.SetText("20");
-    Reopen(Write("a.xml", Character(
+    sheet = std::make_unique<CharacterSheet>(data, platform, SheetOperations());
+    for (const char* row : {"Scholar", "drifter", "Sage"}) sheet->ConceptBox.AddRow(row);
+    LoadXMLCharSheet(*sheet, Write("a.xml", Character(
         "<dramapoints points='7'/><essence bonus='1' total='0'/><concept concept='Drifter'/>"
         "<strength base='1' bonus='2' total='3'/><portrait path='/pictures/ann.png'/>"
         "<quality col0='Q' col1='1' col3='3' col4='ignored' col11='3' col28='beyond'/><skill col0='S'>  </skill>"
@@ -64,7 +65,8 @@ TEST_F(CharacterFileTest, ReadingKeepsItsAsymmetries) {
     EXPECT_EQ(sheet->DPField.Text(), "");
     EXPECT_FALSE(sheet->EndText.Visible() || sheet->EnduranceTotal.Visible() ||
                  sheet->SpeedText.Visible() || sheet->EssenceTotal.Visible());
-    EXPECT_EQ(JoinFields(sheet->ConceptBox.Rows(), "|") + " at " + Str(sheet->ConceptBox.ListIndex()), "Drifter at 0");
+    EXPECT_EQ(JoinFields(sheet->ConceptBox.Rows(), "|") + " at " + Str(sheet->ConceptBox.ListIndex()),
+              "Scholar|drifter|Sage at 1");  // found in any case, not added
     EXPECT_EQ(Cells(sheet->QualityListBox, 0, 0, 4), "Q|1||3|");
     // The stored bonus and the quality's again, until the next recomputation.
     EXPECT_EQ(sheet->StrengthBonus.Text() + " " + sheet->portraitPath, "5 /pictures/ann.png");

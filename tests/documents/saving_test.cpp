@@ -20,14 +20,17 @@ protected:
 
 TEST(SanitiseForXml, DropsWhatXmlMayNotHoldAndKeepsTheRest) {
     EXPECT_EQ(SanitiseForXml("a\tb\nc\rd\x01\x08\x0B\x0C\x1F e"), "a\tb\nc\rd e");
-    EXPECT_EQ(SanitiseForXml("\xC3\xA9\xE2\x82\xAC\xF0\x9F\x8E\xB2\xEF\xBF\xBD"),
-              "\xC3\xA9\xE2\x82\xAC\xF0\x9F\x8E\xB2\xEF\xBF\xBD");  // é € 🎲 U+FFFD stay
+    // é € 🎲 U+FFFD, the least of each length (U+0080, U+0800, U+10000), the greatest, and the
+    // neighbours of the surrogates (U+D7FF, U+E000) stay.
+    const std::string kept = "\xC3\xA9\xE2\x82\xAC\xF0\x9F\x8E\xB2\xEF\xBF\xBD\xC2\x80\xE0\xA0\x80\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"
+                             "\xED\x9F\xBF\xEE\x80\x80";
+    EXPECT_EQ(SanitiseForXml(kept), kept);
     EXPECT_EQ(SanitiseForXml("x\xEF\xBF\xBE\xEF\xBF\xBFy"), "xy");  // U+FFFE, U+FFFF go
     // Bytes that are not UTF-8 (a lone lead, a cut sequence, an overlong form, a surrogate)
     // become U+FFFD each.
-    EXPECT_EQ(SanitiseForXml("\xFF|\xE2\x82|\xC0\xAF|\xED\xA0\x80"),
+    EXPECT_EQ(SanitiseForXml("\xFF|\xE2\x82|\xC0\xAF|\xED\xA0\x80|\xED\xBF\xBF"),
               "\xEF\xBF\xBD|\xEF\xBF\xBD\xEF\xBF\xBD|\xEF\xBF\xBD\xEF\xBF\xBD|"
-              "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD");
+              "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD|\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD");
 }
 
 TEST_F(SavingTest, SaveAsMakesTheNameEndInXmlAndBindsTheCharacter) {
@@ -120,6 +123,9 @@ TEST_F(SavingTest, ClosingClosesTheWindowsThenAsksWithThreeAnswers) {
     EXPECT_FALSE(Event_CancelClose(*sheet));  // saved: no question, no window to close
     EXPECT_EQ(platform.Transcript().size(), asked);
     EXPECT_EQ(closed.size(), 6u);
+    sheet->JournalField.SetText("own");
+    CharacterFileText(*sheet);  // the journal's handle stays, but it is closed: nothing copied
+    EXPECT_EQ(sheet->JournalField.Text(), "own");
 }
 
 TEST(RecentFiles, KeepSixteenByPathAndOpenByName) {

@@ -1,17 +1,10 @@
-#include <gtest/gtest.h>
-#include <unistd.h>
-
-#include <filesystem>
-#include <fstream>
 #include <tuple>
 
 #include "platform/Files.h"
-#include "platform/ScriptedPlatform.h"
-#include "ruledata/DataModule.h"
 #include "shell/App.h"
+#include "support/SheetFixture.h"
 
 using namespace zeph;
-namespace fs = std::filesystem;
 using Lines = std::vector<std::string>;
 
 namespace {
@@ -21,28 +14,16 @@ const char* const kRules =
     R"(</tabledata></zephalondata>)";
 const char* const kMissing = "Please locate a data file in XML format for Zephalon to use.";
 
-// A start in a folder of its own: prefs/ for the preferences, build/bin/ as the app's folder.
+// A start with a preferences folder of its own.
 class DataLoading : public ::testing::Test {
 protected:
-    void SetUp() override {
-        fs::remove_all(root);
-        fs::create_directories(root / "prefs");
-        fs::create_directories(root / "build" / "bin");
-    }
-    void TearDown() override { fs::remove_all(root); }
-
-    std::string write(const std::string& name, const std::string& content) {
-        std::ofstream((root / name).string()) << content;
-        return (root / name).string();
-    }
     void writePrefs(const std::string& path) {
-        write("prefs/zephalonprefs.xml",
-              "<zephalonprefs><pathtodatafile>" + path + "</pathtodatafile></zephalonprefs>");
+        folder.Write(kPreferencesFileName, "<zephalonprefs><pathtodatafile>" + path + "</pathtodatafile></zephalonprefs>");
     }
 
-    const fs::path root = fs::temp_directory_path() / ("zeph-load-" + std::to_string(getpid()));
-    const std::string prefsPath = (root / "prefs" / kPreferencesFileName).string();
-    ScriptedPlatform platform{(root / "prefs").string(), (root / "build" / "bin").string(), "/tmp"};
+    zeph::testing::TempFolder folder{"load"};
+    const std::string prefsPath = folder.At(kPreferencesFileName);
+    ScriptedPlatform platform{folder.path.string(), "/nonexistent", "/tmp"};
     DataModule data;
     App app{data, platform};
 };
@@ -50,10 +31,10 @@ protected:
 }  // namespace
 
 TEST_F(DataLoading, PreferencesRoundTripKeepingOrderAndTheSeparator) {
-    write("prefs/zephalonprefs.xml", "old");
+    folder.Write(kPreferencesFileName, "old");
     data.SaveDataFilePreferences(platform);
     EXPECT_EQ(*ReadWholeFile(prefsPath), "old") << "nothing is written without a data file path";
-    data.datafilepath = write("rules.xml", kRules);
+    data.datafilepath = folder.Write("rules.xml", kRules);
     data.knowndatafiles = {std::string("Sample\rsample.xml\r/a/sample.xml"),
                            std::string("Mine & yours\rmine.xml\r/b/\"mine\".xml")};
     data.recentItemsName = {"vera.xml", "olaf.xml"};
@@ -72,7 +53,7 @@ TEST_F(DataLoading, PreferencesRoundTripKeepingOrderAndTheSeparator) {
 
 // A start after the preferences name a data file that is gone, empty, relative or not XML.
 TEST_F(DataLoading, AStoredPathThatCannotBeLoaded) {
-    const std::string rules = write("rules.xml", kRules), junk = write("junk.xml", "not xml");
+    const std::string rules = folder.Write("rules.xml", kRules), junk = folder.Write("junk.xml", "not xml");
     const std::tuple<std::string, std::string, bool> cases[] = {
         {"/gone/rules.xml", kMissing, true},
         {"", kMissing, true},
@@ -80,7 +61,7 @@ TEST_F(DataLoading, AStoredPathThatCannotBeLoaded) {
         {junk, "Start tag expected, '<' not found\n At node: " + junk + " on: 1", false}};
     for (const auto& [path, message, done] : cases) {
         writePrefs(path);
-        ScriptedPlatform scripted((root / "prefs").string(), "/nonexistent", "/tmp");
+        ScriptedPlatform scripted(folder.path.string(), "/nonexistent", "/tmp");
         DataModule loaded;
         App started(loaded, scripted);
         scripted.QueueAnswer(rules);

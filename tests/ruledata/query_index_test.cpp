@@ -238,6 +238,9 @@ TEST(QueryIndex, AnswersTheShapesTheRulesAskAndLeavesOtherQueriesToLibxml) {
         EXPECT_TRUE(index.TryAnswer(q).has_value()) << "declined: " << q;
     for (const std::string& q : kOutsideTheIndex)
         EXPECT_FALSE(index.TryAnswer(q).has_value()) << "answered: " << q;
+    // An entity of an unread outside declaration: no index at all.
+    auto entities = RuleData::LoadText("<!DOCTYPE z SYSTEM \"z.dtd\"><z>&k;</z>");
+    EXPECT_FALSE(QueryIndex(entities->raw()).TryAnswer("//z").has_value());
 }
 
 }  // namespace

@@ -18,7 +18,6 @@ protected:
 };
 
 TEST_F(CharacterTypes, LoadersFillTheListsInDocumentOrderAndPutTheOldIndexBack) {
-    // By the names of the focus events the window sends.
     Do("CharacterTypePopup_GotFocus");
     Do("ConceptBox_GotFocus");
     Do("AssociationCombo_GotFocus");

@@ -95,6 +95,22 @@ TEST_F(Recomputation, MentalAndPhysicalTakeTheirMultiplierFromTheMetaColumn) {
     ExpectTexts("SkillField=0/25");  // without "&&" even a group word adds nothing
 }
 
+// Each of the other bonus columns of a quality row, at level 2, feeds its own figure.
+TEST_F(Recomputation, EachBonusColumnFeedsItsFigure) {
+    const struct { int column; const char *cell, *figure; } cases[] = {
+        {18, "1.5", "SkillField=0/24"}, {20, "Any&&2", "AttributeField=13/24"},  // from 21 and 20
+        {21, "Perception&&2", "EssenceBonus=12"}, {23, "2", "LifePointsBonus=4"}, {24, "1", "SpeedBonus=2"},
+        {25, "3", "EnduranceBonus=6"}};
+    for (const auto& c : cases) {
+        UseSmallRules();
+        SetFields({"2", "2", "2", "2", "3", "2"});
+        sheet->OptionalSkillPointBox.SetValue(true);
+        AddQualityRow("Gift", {{1, "2"}, {c.column, c.cell}});
+        Choose("Human", "Survivor");
+        ExpectTexts(c.figure);
+    }
+}
+
 TEST_F(Recomputation, FractionsAreCutRowByRowAndTheTaintPoolJoinsTheSummary) {
     AddQualityRow("Spark", {{1, "1"}, {22, "0.5"}});
     AddQualityRow("Spark", {{1, "1"}, {22, "0.5"}});

@@ -25,6 +25,10 @@ TEST_F(NewSheet, StartsCleanWithItsDefaultsAndOnlyTheUsersEditsOfTrackedItemsMar
     sheet->Properties().Find("loadingCharFile")->set("true");
     sheet->NameField.SetText("Vera");
     EXPECT_TRUE(sheet->savedChar);
+    ChangeWitness witness;  // a change of style alone is told too
+    witness.Watch(sheet->Items());
+    sheet->NotesField.SetStyled(StyledText{{StyleRun{"12", true}}});
+    EXPECT_EQ(witness.Told(), std::set<std::string>{"NotesField"});
 }
 
 TEST_F(NewSheet, ListRowsHaveEveryColumnOneSelectedRowAndBoldMarks) {

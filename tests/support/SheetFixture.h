@@ -57,12 +57,8 @@ protected:
         list.AddRow(name);
         for (const auto& [column, text] : cells) list.SetCell(list.LastIndex(), column, text);
     }
-    void AddQualityRow(const std::string& name, CellList cells) {
-        AddRow(sheet->QualityListBox, name, cells);
-    }
-    void AddMetaRow(const std::string& name, CellList cells) {
-        AddRow(sheet->MetaListBox, name, cells);
-    }
+    void AddQualityRow(const std::string& name, CellList cells) { AddRow(sheet->QualityListBox, name, cells); }
+    void AddMetaRow(const std::string& name, CellList cells) { AddRow(sheet->MetaListBox, name, cells); }
     // The first cells of the rows of QualityListBox, each followed by ";".
     std::string Names() {
         std::string out;
