@@ -39,11 +39,14 @@ TEST(ExportCommand, MissingFilesAndBadArgumentsEndWithStatusTwo) {
     EXPECT_EQ(noCharacter.err, "cannot read the character file /nonexistent/c.xml\n");
     EXPECT_EQ(Export("pdf", character).status, 2);
     EXPECT_EQ(Export("html", kSource + "/data/rules/sample.xml").status, 0);  // no character: blank
+    const testing::TempFolder folder("not-xslt");
     Exported notXml = Export("html", kSource + "/README.md");
     EXPECT_EQ(notXml.status, 2);
     EXPECT_NE(notXml.err.find("message: "), std::string::npos);
+    const std::string broken = folder.Write("custom.xsl", "<xsl:stylesheet");  // the parser's first report
+    EXPECT_EQ(Export("custom", character, folder.path.string()).err,
+              "message: Namespace prefix xsl on stylesheet is not defined\\n At node: " + broken + " on: 1\n");
     // XML but no XSLT: where it stands and what went wrong, as with a failure while running.
-    const testing::TempFolder folder("not-xslt");
     const std::string notXslt = folder.Write("custom.xsl", "<notxsl/>");
     EXPECT_EQ(Export("custom", character, folder.path.string()).err,
               "message: compilation error: file " + notXslt + " line 1 element notxsl\\nxsltParseStylesheetProcess "

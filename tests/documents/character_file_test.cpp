@@ -59,6 +59,7 @@ TEST_F(CharacterFileTest, ReadingKeepsItsAsymmetries) {
         "<dramapoints points='7'/><essence bonus='1' total='0'/><concept concept='Drifter'/>"
         "<strength base='1' bonus='2' total='3'/><portrait path='/pictures/ann.png'/>"
         "<quality col0='Q' col1='1' col3='3' col4='ignored' col11='3' col28='beyond'/><skill col0='S'>  </skill>"
+        "<meta col0='M' col1='2' col12='1.5'/>"
         "<notes><p>plain</p><sr>styled</sr></notes><history><p/><sr b='t'/></history>"
         "<contacts><p>kept</p><sr/></contacts><journal><p>never read</p></journal>"
         "<altforms><p>Wolf</p></altforms><equipment><p>Rope</p><p>Lamp</p></equipment>")));
@@ -70,6 +71,7 @@ TEST_F(CharacterFileTest, ReadingKeepsItsAsymmetries) {
     EXPECT_EQ(Cells(sheet->QualityListBox, 0, 0, 4), "Q|1||3|");
     // The stored bonus and the quality's again, until the next recomputation.
     EXPECT_EQ(sheet->StrengthBonus.Text() + " " + sheet->portraitPath, "5 /pictures/ann.png");
+    EXPECT_EQ(sheet->m_all_bonuses[1], 3) << "the metaphysics' sums too";
     EXPECT_EQ(sheet->SkillListBox.Cell(0, 4), "  ");
     EXPECT_EQ(sheet->NotesField.Text(), "styled");
     EXPECT_EQ(sheet->HistoryField.Text(), "");   // neither text nor runs

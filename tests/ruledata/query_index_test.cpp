@@ -231,7 +231,7 @@ TEST(QueryIndex, AnswersTheShapesTheRulesAskAndLeavesOtherQueriesToLibxml) {
         "<zephalondata>\n <qualities/>\n<a b=\"c\" d=\"e\"><b/><a b=\"x'y\"/></a><div/><a/>"
         "<x xmlns=\"urn:x\"/><Été/></zephalondata>");
     QueryIndex index(data->raw());
-    for (const char* q : {"//zephalondata", "//_a", "zephalondata/tabledata/table[@name=\"a'b\"]/row[12]", "//a[7]",
+    for (const char* q : {"//zephalondata", "//_a", "zephalondata/tabledata/table[@name=\"a'b\"]/row[12]", "//a[7]", "//z", "//Z", "//A", "//a_09-.zZ",
                           "//a[123456789]",
                           "//qualities/*/name[@value='']/costs",
                           "//name[@value='\xF0\x90\x80\x80\xC2\x80\xF4\x8F\xBF\xBF']"})

@@ -173,6 +173,8 @@ TEST_F(Skills, PastThePoolMovesAreBoughtWithExperience) {
     sheet->SavedExperienceField.SetText("2");  // exactly enough
     Menu("Increase +");
     EXPECT_EQ(Moves() + sheet->SavedExperienceField.Text(), "Falling Sky,2,6;Falling Sky,2,2;Silent Garden,1,;0");
+    sheet->SavedExperienceField.SetText("10");
+    Menu("Increase +");  // at the cap: nothing
     Menu("Decrease -");
     sheet->SavedExperienceField.SetText("10");
     Menu("Decrease -");  // from level 1 the row goes

@@ -1,7 +1,5 @@
-# A player buys qualities and drawbacks: the entry fills from the rule data, the arrows price
-# levels above five at the high value, prerequisites count matching rows, experience alone
-# decides in play, an edited row is charged the difference, a removal refunds, drawbacks go
-# behind the qualities, and a quality's alternate form travels with its row.
+# A player buys qualities and drawbacks: prices above level five, prerequisites, experience in
+# play, edits charged the difference, refunds, drawbacks behind, and forms that travel with a row.
 data tests/data/purchase_rules.xml
 choose CharacterTypePopup Human
 choose ChooseCharPopup Plain
@@ -63,6 +61,7 @@ expect changed QualityListBox.ListCount=3 ; QualityListBox.ListIndex=1 ; \
   QualityListBox[3]= ; SavedExperienceField=0 ; SpentExperienceField=0
 # Iron Will: one a level, three above level five; going down gives back what going up took.
 choose QualityPopup Iron Will
+do QualityUpDownArrows_Down
 do QualityUpDownArrows_Up
 do QualityUpDownArrows_Up
 do QualityUpDownArrows_Up

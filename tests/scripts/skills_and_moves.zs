@@ -1,6 +1,5 @@
-# A player buys skills on the sample data: a specialty, a Martial Arts style with its basic
-# moves and a maneuver from the free pool, a Lucid Dream with visualizations, then edits a
-# skill in play, buying a move with experience and selling it back.
+# A player buys a specialty, a Martial Arts style with a move from the free pool and a Lucid
+# Dream, then edits a skill in play, buying a move with experience and selling it back.
 data data/rules/sample.xml
 do CharacterTypePopup_GotFocus
 choose CharacterTypePopup Human

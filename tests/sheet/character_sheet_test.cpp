@@ -73,6 +73,19 @@ TEST_F(NewSheet, ListRowsHaveEveryColumnOneSelectedRowAndBoldMarks) {
     EXPECT_THROW(moves.RemoveRow(2), std::out_of_range);
     EXPECT_EQ(moves.ListIndex(), 0);
     EXPECT_EQ(moves.Heading(0), "Martial Maneuver");
+    ChangeWitness witness;  // every change a list can take tells its observers
+    witness.Watch(sheet->Items());
+    for (const auto& change : std::vector<std::function<void()>>{
+             [&] { moves.SetColumnCount(4); }, [&] { moves.SetCell(0, 1, "x"); }, [&] { moves.AddRow("a"); },
+             [&] { moves.InsertRow(0, "b"); }, [&] { moves.RemoveRow(0); }, [&] { moves.MoveRow(0, 2); },
+             [&] { moves.SortRows(0); }, [&] { moves.SetListIndex(1); }, [&] { moves.SetSelected(0, true); },
+             [&] { moves.SetCellBold(0, 1, true); }, [&] { moves.SetHeading(1, "H"); },
+             [&] { moves.SetColumnWidths("1,2"); }, [&] { moves.SetColumnCentred(1, true); },
+             [&] { moves.SetShownColumns(2); }, [&] { moves.DeleteAllRows(); }}) {
+        witness.Clear();
+        change();
+        EXPECT_EQ(witness.Told(), std::set<std::string>{moves.Name()});
+    }
 }
 
 TEST_F(NewSheet, AComboKeepsFreeTextWhileAChoiceOnlyTakesItsRows) {

@@ -7,7 +7,6 @@
 #include <cstdio>
 #include <fstream>
 #include <memory>
-#include <stdexcept>
 
 #include "platform/ScriptedPlatform.h"
 #include "ruledata/DataModule.h"
@@ -17,7 +16,6 @@
 #include "shell/gui/CharWindow.h"
 #include "shell/gui/CoreCall.h"
 #include "shell/gui/JournalView.h"
-#include "shell/gui/PortraitView.h"
 #include "shell/gui_test_app.h"
 
 namespace zeph::gui {
@@ -201,23 +199,6 @@ TEST_F(AppStart, TheJournalCrossesToItsWindowAndBackAtClosing) {
     journal->close();
     EXPECT_EQ(sheet.JournalField.Text(), "Day one, rain");
     EXPECT_FALSE(sheet.JournalField.Visible() || sheet.journalWindowIsOpen);
-}
-
-TEST_F(AppStart, APortraitDroppedSizesTheWindowAndWaitsForTheSave) {
-    CharacterSheet& sheet = this->sheet();
-    sheet.NameField.SetText("Ann");
-    sheet.portraitPath = "/nonexistent/ann.png";
-    action("FileCharacterPortrait")->trigger();
-    EXPECT_EQ(platform_.Messages(),
-              std::vector<std::string>{"The associated Portrait is no longer in the specified location."});
-    PortraitView* portrait = window_->findChild<PortraitView*>();
-    sheet.savedChar = true;
-    portrait->TakePicture(QImage(100, 200, QImage::Format_RGB32));
-    EXPECT_EQ(portrait->size(), QSize(144, 238));
-    EXPECT_FALSE(sheet.savedChar);
-    EXPECT_EQ(sheet.portraitImage.value_or("").substr(1, 3), "PNG");
-    portrait->close();
-    EXPECT_FALSE(sheet.portraitWindowIsOpen);
 }
 
 }  // namespace
