@@ -1,6 +1,5 @@
-// A sheet built by a seeded random flow of the player's steps through the console: every item a
-// step changes tells its observers; saved, opened into a new sheet and saved again it reads the
-// same; and a second recomputation changes nothing.
+// A sheet built by a seeded random flow of console steps: every changed item tells its observers;
+// saved, opened and saved again it reads the same; a second recomputation changes nothing.
 #include <gtest/gtest.h>
 
 #include <regex>

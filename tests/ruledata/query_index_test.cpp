@@ -56,9 +56,8 @@ Tally ExpectSameAsLibxml(const RuleData& data, const Queries& queries) {
 
 std::string Name(xmlNode* element) { return reinterpret_cast<const char*>(element->name); }
 
-// The ways a step can name an element: bare, as `*`, by each attribute's value inserted as
-// plain text in either quote (as the program inserts its keys), and, for the last step, by
-// its position among its like siblings and one past it.
+// The ways a step can name an element: bare, as `*`, by each attribute's value in either quote
+// (as the program inserts its keys), and, last, by its position among its like and one past it.
 std::vector<std::string> StepsFor(xmlNode* element, bool last) {
     const std::string name = Name(element);
     std::vector<std::string> steps = {name, "*"};
@@ -87,9 +86,8 @@ xmlNode* ParentElement(xmlNode* node) {
     return node->parent && node->parent->type == XML_ELEMENT_NODE ? node->parent : nullptr;
 }
 
-// Every shape the program's queries take, aimed at every element of the document: one or two
-// steps below `//` in every variant, three steps with a bare or `*` top, and the whole path
-// from the top of the document.
+// Every shape the program's queries take, at every element: one or two steps below `//` in
+// every variant, three steps with a bare or `*` top, and the whole path from the top.
 std::set<std::string> QueriesFor(const RuleData& data) {
     std::set<std::string> queries;
     std::function<void(xmlNode*)> visit = [&](xmlNode* node) {
@@ -135,9 +133,8 @@ const std::vector<std::string> kAwkwardKeys = {
     "R&D",            "a=b",        "@value",         "//x",
 };
 
-// A rule data document keyed by the awkward keys, with comments, text, keyless elements,
-// namespaced intruders, and more than 16 children (with two attributes each) under one
-// parent, so that parents are both scanned and indexed.
+// Rule data keyed by the awkward keys, with comments, text, keyless elements, namespaced
+// intruders, and over 16 children of one parent, so that parents are both scanned and indexed.
 std::string AwkwardDocument() {
     std::string x = "<zephalondata books=\"ZA\" xmlns:q=\"urn:zeph:q\">\n<!-- c -->text<tabledata>";
     int serial = 0;

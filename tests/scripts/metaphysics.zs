@@ -111,3 +111,10 @@ expect changed EssenceTotal=0 ; \
   InfoText=Attr(0/20) Q(0/10) D(0/10) S(0/25) M(0/10)      |     Books in use: ZPR ; \
   LifePoints{Bonus,Total}=0 ; MetaField=0/10 ; MetaListBox.ListCount=1 ; MetaListBox.ListIndex=0 ; \
   MetaListBox[1]= ; Strength{Bonus,Total}=0 ; m_all_bonuses=0,0,0,0,0,0,0,0,0,0,0,0,0,0,0
+# From level six in play the high price holds: 22 to level five, and 6 for the sixth.
+choose MetaPopup Seer's Eye
+do MetaUpDownArrows_Up
+do MetaUpDownArrows_Up
+do MetaUpDownArrows_Up
+do MetaUpDownArrows_Up
+expect MetaXPCostField 28

@@ -10,7 +10,8 @@ using NewSheet = SheetTest;
 
 TEST_F(NewSheet, StartsCleanWithItsDefaultsAndOnlyTheUsersEditsOfTrackedItemsMarkIt) {
     ExpectTexts(
-        "savedChar=true|GenderField=Male or Female|AgeField=21|StrengthBonus=0|StrengthField=");
+        "savedChar=true|GenderField=Male or Female|AgeField=21|StrengthBonus=0|StrengthField=|q_row=0|s_row=0|"
+        "m_row=0");
     EXPECT_FALSE(sheet->DPField.Visible() || sheet->JournalField.Visible());
     EXPECT_TRUE(sheet->QualitiesSeparateQDBox.Value());
     for (const char* name : {"NameField", "StrengthField", "QualityField", "AgeField",

@@ -1,7 +1,6 @@
-// A player's steps drawn at random, as console lines: a type and choice, attributes and free
-// points, purchases in the three big lists, edits and removals of their rows, play and
-// experience, equipment, names, notes and tabs. The random flow test and the rule data fuzzer
-// both walk a sheet with them.
+// A player's steps at random, as console lines: type, attributes and free points, purchases,
+// edits and removals in the three lists, play, equipment, names, notes and tabs. The random
+// flow test and the rule data fuzzer both walk a sheet with them.
 #pragma once
 
 #include <functional>
