@@ -25,8 +25,8 @@ std::string HeadingsText(const ListItem& list);
 std::string RunsText(const StyledText& styled);
 
 // Every item's text, its being hidden or disabled, a combo's rows and selection, a list's count,
-// selection, headings and rows (and bold first cells), a styled text's runs; then every property but
-// `fileSaveString` (the saved file itself, which `print` still shows).
+// selection, headings and rows (and bold first cells), a styled text's runs; then every
+// property but `fileSaveString` (the saved file itself, which `print` still shows).
 StateSnapshot TakeSnapshot(const ItemRegistry& items, const PropertyRegistry* properties);
 
 // The entries that differ, as "NAME=VALUE" in name order; an entry gone reads "", or "true"

@@ -44,8 +44,10 @@ TEST_F(NewSheet, ListRowsHaveEveryColumnOneSelectedRowAndBoldMarks) {
                  [&] { list.Heading(column); }, [&] { list.SetHeading(column, "x"); },
                  [&] { list.ColumnCentred(column); }, [&] { list.SetColumnCentred(column, true); },
                  [&] { list.SortRows(column); }, [&] { list.Cell(column + 1 ? 1 : -1, 0); },
-                 [&] { list.SetSelected(column + 1 ? 1 : -1, true); }})
+                 [&] { list.SetSelected(column + 1 ? 1 : -1, true); },
+                 [&] { list.SetListIndex(column + 1 ? 1 : -2); }})
             EXPECT_THROW(outside(), std::out_of_range) << column;
+    list.SetListIndex(-1);  // -1 alone of the rows outside selects none
     list.InsertRow(0, "First");
     list.InsertRow(2, "Last");
     EXPECT_EQ(list.Cell(1, 0) + list.Cell(2, 0), "--Last");
