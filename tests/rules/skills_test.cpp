@@ -102,9 +102,12 @@ TEST_F(Skills, RowsComeBackAndGo) {
     EXPECT_EQ(JoinFields(sheet->SkillSelectPopup.Rows(), ","), "Latin,Greek,Aramaic");
     ExpectTexts("s_row=1");
 
-    SkillListBox_KeyDown(*sheet, "\x08");
-    ExpectTexts("SavedExperienceField=4|SpentExperienceField=-4");
+    sheet->StrengthField.SetText("3");
+    SkillListBox_KeyDown(*sheet, "\x08");  // refunds, and the totals wait
+    ExpectTexts("SavedExperienceField=4|SpentExperienceField=-4|StrengthTotal=0");
     EXPECT_EQ(sheet->SkillListBox.ListIndex(), 0);
+    SkillRemoveButton_Action(*sheet);  // the button recomputes
+    ExpectTexts("StrengthTotal=3");
 }
 
 TEST_F(Skills, TheFreePoolOfEachMode) {
