@@ -66,8 +66,7 @@ protected:
             out += sheet->QualityListBox.Cell(r, 0) + ";";
         return out;
     }
-    // Expects text and combo items and properties to read as given, in the console's form:
-    // "Name=text|Name=text".
+    // Expects items and properties to read as the console prints them: "Name=text|Name=text".
     void ExpectTexts(const std::string& expected) {
         for (const std::string& entry : SplitFields(expected, '|')) {
             const std::string name = entry.substr(0, entry.find('='));
