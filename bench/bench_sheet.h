@@ -11,7 +11,7 @@
 #include "large_rule_data.h"
 #include "platform/ScriptedPlatform.h"
 #include "ruledata/DataModule.h"
-#include "shell/SheetOperations.h"
+#include "app/SheetOperations.h"
 #include "sheet/CharacterSheet.h"
 
 namespace zeph::bench {

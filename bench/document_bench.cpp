@@ -14,7 +14,7 @@
 #include "platform/Files.h"
 #include "platform/ScriptedPlatform.h"
 #include "ruledata/DataModule.h"
-#include "shell/SheetOperations.h"
+#include "app/SheetOperations.h"
 #include "sheet/CharacterSheet.h"
 
 namespace zeph::bench {

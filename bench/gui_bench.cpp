@@ -10,7 +10,7 @@
 #include <memory>
 
 #include "bench_sheet.h"
-#include "shell/gui/CharWindow.h"
+#include "shell/CharWindow.h"
 
 namespace zeph::bench {
 namespace {

@@ -8,8 +8,8 @@
 #include "platform/Files.h"
 #include "platform/ScriptedPlatform.h"
 #include "ruledata/DataModule.h"
-#include "shell/App.h"
-#include "shell/SheetOperations.h"
+#include "app/App.h"
+#include "app/SheetOperations.h"
 #include "sheet/CharacterSheet.h"
 
 namespace zeph {

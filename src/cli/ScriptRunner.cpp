@@ -12,7 +12,7 @@
 #include "documents/RecentFiles.h"
 #include "documents/SavingCharacters.h"
 #include "platform/Files.h"
-#include "shell/SheetOperations.h"
+#include "app/SheetOperations.h"
 #include "text/TextHelpers.h"
 #include "tools/About.h"
 #include "tools/DataFileManager.h"
@@ -228,7 +228,7 @@ void ScriptRunner::doOperation(const std::string& name, const std::string& argum
         return;
     }
     if (name == "App.LoadData") return app_.LoadData();
-    if (name == "App._HelpHelp_Action") return app_._HelpHelp_Action();
+    if (name == "App._HelpHelp_Action") return app_.HelpHelp_Action();
     if (name == "App.GetDataFile") {
         // Its messages and dialogs print as it runs, so the value line comes after them.
         const std::string path = app_.GetDataFile();

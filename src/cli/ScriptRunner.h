@@ -12,7 +12,7 @@
 #include "cli/StateSnapshot.h"
 #include "platform/ScriptedPlatform.h"
 #include "ruledata/DataModule.h"
-#include "shell/App.h"
+#include "app/App.h"
 #include "sheet/CharacterSheet.h"
 #include "tools/RandomSource.h"
 #include "tools/ToolModel.h"

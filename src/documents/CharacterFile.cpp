@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "Version.h"
 #include "documents/StyledTextCodec.h"
 #include "platform/Platform.h"
 #include "ruledata/DataModule.h"

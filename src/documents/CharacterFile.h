@@ -13,8 +13,6 @@ namespace zeph {
 
 class CharacterSheet;
 
-inline constexpr const char* kZephalonVersion = "Zephalon Version: 1.1.5";
-
 // The sheet as a character document. Changes nothing on the sheet, except that an open
 // journal window's text is first copied into the sheet's journal.
 XmlDocument SaveXMLChar(CharacterSheet& sheet);

@@ -128,12 +128,12 @@ void SaveAsFile(CharacterSheet& sheet) {
     platform.CloseNotice(notice);
 }
 
-void _FileSave_Action(CharacterSheet& sheet) {
+void FileSave_Action(CharacterSheet& sheet) {
     if (!sheet.fileSaveString.empty()) SaveFile(sheet);
     else SaveAsFile(sheet);
 }
 
-void _FileSaveAsCharacterFile_Action(CharacterSheet& sheet) { SaveAsFile(sheet); }
+void FileSaveAsCharacterFile_Action(CharacterSheet& sheet) { SaveAsFile(sheet); }
 
 bool Event_CancelClose(CharacterSheet& sheet) {
     // The journal's closing writes its text into the sheet, before the question.
@@ -144,7 +144,7 @@ bool Event_CancelClose(CharacterSheet& sheet) {
         "Do you want to save changes to " + sheet.NameField.Text() + " before closing?",
         "If you don't save, your changes will be lost.")) {
         case SaveChangesAnswer::Save:
-            _FileSave_Action(sheet);
+            FileSave_Action(sheet);
             return false;
         case SaveChangesAnswer::DontSave:
             return false;
@@ -157,8 +157,8 @@ bool Event_CancelClose(CharacterSheet& sheet) {
 void AddSavingOperations(OperationTable& table) {
     AddOperation(table, "SaveFile", SaveFile);
     AddOperation(table, "SaveAsFile", SaveAsFile);
-    AddOperation(table, "_FileSave_Action", _FileSave_Action);
-    AddOperation(table, "_FileSaveAsCharacterFile_Action", _FileSaveAsCharacterFile_Action);
+    AddOperation(table, "_FileSave_Action", FileSave_Action);
+    AddOperation(table, "_FileSaveAsCharacterFile_Action", FileSaveAsCharacterFile_Action);
     AddResultOperation(table, "Event_CancelClose", [](CharacterSheet& sheet) {
         return std::string(Event_CancelClose(sheet) ? "true" : "false");
     });

@@ -22,8 +22,8 @@ std::string CharacterFileText(CharacterSheet& sheet);
 void SaveFile(CharacterSheet& sheet);
 // Asks for a file (the name is made to end in ".xml") and binds the character to it.
 void SaveAsFile(CharacterSheet& sheet);
-void _FileSave_Action(CharacterSheet& sheet);
-void _FileSaveAsCharacterFile_Action(CharacterSheet& sheet);
+void FileSave_Action(CharacterSheet& sheet);
+void FileSaveAsCharacterFile_Action(CharacterSheet& sheet);
 // True keeps the character open. Closes its journal and portrait first, then asks about
 // unsaved changes.
 bool Event_CancelClose(CharacterSheet& sheet);

@@ -1,6 +1,6 @@
 #include "tools/About.h"
 
-#include "documents/CharacterFile.h"
+#include "Version.h"
 #include "ruledata/RuleData.h"
 #include "text/TextHelpers.h"
 

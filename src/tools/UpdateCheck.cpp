@@ -1,6 +1,6 @@
 #include "tools/UpdateCheck.h"
 
-#include "documents/CharacterFile.h"
+#include "Version.h"
 #include "platform/Files.h"
 #include "platform/Platform.h"
 #include "text/TextHelpers.h"

@@ -49,7 +49,7 @@ TEST_F(SavingTest, SaveAsMakesTheNameEndInXmlAndBindsTheCharacter) {
 
     sheet->savedChar = false;
     platform.QueueAnswer("cancel");
-    _FileSaveAsCharacterFile_Action(*sheet);
+    FileSaveAsCharacterFile_Action(*sheet);
     EXPECT_FALSE(sheet->savedChar);
 }
 
@@ -59,7 +59,7 @@ TEST_F(SavingTest, SaveWritesTheBoundFileAndThePortraitBesideIt) {
     sheet->fileSaveString = At("ann.xml");
     sheet->portraitImage = std::string("\x89PNG picture", 12);
     sheet->title = "kept";
-    _FileSave_Action(*sheet);
+    FileSave_Action(*sheet);
     EXPECT_EQ(Read("ann.xml.pict"), std::string("\x89PNG picture", 12));
     EXPECT_EQ(sheet->portraitPath, At("ann.xml.pict"));
     EXPECT_NE(Read("ann.xml").find("<portrait path=\"" + At("ann.xml.pict") + "\"/></character>\n"),

@@ -13,8 +13,8 @@
 #include "platform/ScriptedPlatform.h"
 #include "ruledata/DataModule.h"
 #include "ruledata/RuleData.h"
-#include "shell/App.h"
-#include "shell/SheetOperations.h"
+#include "app/App.h"
+#include "app/SheetOperations.h"
 #include "sheet/CharacterSheet.h"
 
 namespace {

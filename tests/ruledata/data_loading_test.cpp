@@ -1,7 +1,7 @@
 #include <tuple>
 
 #include "platform/Files.h"
-#include "shell/App.h"
+#include "app/App.h"
 #include "support/SheetFixture.h"
 
 using namespace zeph;

@@ -10,12 +10,12 @@
 
 #include "platform/ScriptedPlatform.h"
 #include "ruledata/DataModule.h"
-#include "shell/SheetOperations.h"
+#include "app/SheetOperations.h"
 #include "sheet/CharacterSheet.h"
-#include "shell/App.h"
-#include "shell/gui/CharWindow.h"
-#include "shell/gui/CoreCall.h"
-#include "shell/gui/JournalView.h"
+#include "app/App.h"
+#include "shell/CharWindow.h"
+#include "shell/CoreCall.h"
+#include "shell/JournalView.h"
 #include "shell/gui_test_app.h"
 
 namespace zeph::gui {

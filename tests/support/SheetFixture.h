@@ -13,7 +13,7 @@
 #include "cli/StateSnapshot.h"
 #include "platform/ScriptedPlatform.h"
 #include "ruledata/DataModule.h"
-#include "shell/SheetOperations.h"
+#include "app/SheetOperations.h"
 #include "sheet/CharacterSheet.h"
 #include "text/TextHelpers.h"
 

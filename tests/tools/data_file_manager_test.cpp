@@ -2,7 +2,7 @@
 // loading, and the list kept on the way out.
 #include <gtest/gtest.h>
 
-#include "shell/App.h"
+#include "app/App.h"
 #include "support/SheetFixture.h"
 #include "tools/DataFileManager.h"
 

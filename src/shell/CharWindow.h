@@ -8,7 +8,7 @@
 #include <memory>
 #include <string>
 
-#include "shell/gui/Menus.h"
+#include "shell/Menus.h"
 
 class QCloseEvent;
 class QGridLayout;

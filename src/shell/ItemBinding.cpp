@@ -1,4 +1,4 @@
-#include "shell/gui/ItemBinding.h"
+#include "shell/ItemBinding.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -20,7 +20,7 @@
 #include <utility>
 
 #include "sheet/CharacterSheet.h"
-#include "shell/SheetOperations.h"
+#include "app/SheetOperations.h"
 
 namespace zeph::gui {
 namespace {

@@ -4,7 +4,7 @@
 #include <QVBoxLayout>
 
 #include "ruledata/DataModule.h"
-#include "shell/gui/ToolView.h"
+#include "shell/ToolView.h"
 #include "tools/About.h"
 
 namespace zeph::gui {

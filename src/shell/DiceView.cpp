@@ -6,7 +6,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "shell/gui/ToolView.h"
+#include "shell/ToolView.h"
 #include "tools/DiceRoller.h"
 
 namespace zeph::gui {

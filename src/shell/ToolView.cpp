@@ -1,12 +1,12 @@
-#include "shell/gui/ToolView.h"
+#include "shell/ToolView.h"
 
 #include <QCloseEvent>
 #include <QLayout>
 #include <QPushButton>
 #include <QShortcut>
 
-#include "shell/gui/CoreCall.h"
-#include "shell/gui/ItemBinding.h"
+#include "shell/CoreCall.h"
+#include "shell/ItemBinding.h"
 #include "tools/ToolModel.h"
 
 namespace zeph::gui {

@@ -4,10 +4,10 @@
 
 #include "platform/qt/QtPlatform.h"
 #include "ruledata/DataModule.h"
-#include "shell/App.h"
-#include "shell/gui/CoreCall.h"
-#include "shell/gui/GuiApp.h"
-#include "shell/gui/LoadingWindow.h"
+#include "app/App.h"
+#include "shell/CoreCall.h"
+#include "shell/GuiApp.h"
+#include "shell/LoadingWindow.h"
 
 int main(int argc, char* argv[]) {
     QApplication application(argc, argv);

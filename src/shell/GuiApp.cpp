@@ -1,4 +1,4 @@
-#include "shell/gui/GuiApp.h"
+#include "shell/GuiApp.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -6,11 +6,11 @@
 #include "documents/CharacterFile.h"
 #include "documents/RecentFiles.h"
 #include "ruledata/DataModule.h"
-#include "shell/App.h"
-#include "shell/SheetOperations.h"
-#include "shell/gui/CharWindow.h"
-#include "shell/gui/CoreCall.h"
-#include "shell/gui/ToolView.h"
+#include "app/App.h"
+#include "app/SheetOperations.h"
+#include "shell/CharWindow.h"
+#include "shell/CoreCall.h"
+#include "shell/ToolView.h"
 #include "sheet/CharacterSheet.h"
 #include "tools/ReferenceTable.h"
 
@@ -102,7 +102,7 @@ void GuiApp::RunCommand(const std::string& name) {
     if (name == "FileNew") NewWindow();
     else if (name == "FileLoadCharacterFile") OpenCharacter("");
     else if (name == "FileQuit" && CloseAll()) QApplication::quit();
-    else if (name == "HelpHelp") CallCore([&] { app_._HelpHelp_Action(); });
+    else if (name == "HelpHelp") CallCore([&] { app_.HelpHelp_Action(); });
     else if (name == "HelpDiceRoller") CallCore([&] { ShowDiceView(random_, Sources()); });
     else if (name == "FileLoadDataFile")
         showSingle(loadData_, [&] { return ShowLoadDataView(data_, platform_, app_, Sources()); });

@@ -1,4 +1,4 @@
-#include "shell/Journal.h"
+#include "app/Journal.h"
 
 #include "documents/StyledTextCodec.h"
 #include "sheet/CharacterSheet.h"

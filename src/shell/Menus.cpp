@@ -1,4 +1,4 @@
-#include "shell/gui/Menus.h"
+#include "shell/Menus.h"
 
 #include <QAction>
 #include <QApplication>

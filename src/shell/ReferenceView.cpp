@@ -3,7 +3,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-#include "shell/gui/ToolView.h"
+#include "shell/ToolView.h"
 #include "tools/ReferenceTable.h"
 
 namespace zeph::gui {

@@ -25,7 +25,7 @@ public:
 
     // Shows Documentation/index.html beside the application in the browser; asks where the
     // folder is when it is not there.
-    void _HelpHelp_Action();
+    void HelpHelp_Action();
 
     // The folder a file dialog for rule data opens in: where the bundled sample lives.
     std::string BundledRulesFolder() const;

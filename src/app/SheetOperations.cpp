@@ -1,4 +1,4 @@
-#include "shell/SheetOperations.h"
+#include "app/SheetOperations.h"
 
 #include "documents/SavingCharacters.h"
 #include "rules/AlternateForms.h"

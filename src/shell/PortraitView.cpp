@@ -1,4 +1,4 @@
-#include "shell/gui/PortraitView.h"
+#include "shell/PortraitView.h"
 
 #include <QBuffer>
 #include <QCloseEvent>
@@ -8,7 +8,7 @@
 #include <QUrl>
 
 #include "platform/Platform.h"
-#include "shell/gui/CoreCall.h"
+#include "shell/CoreCall.h"
 #include "sheet/CharacterSheet.h"
 
 namespace zeph::gui {

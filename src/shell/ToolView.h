@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "shell/gui/Menus.h"
+#include "shell/Menus.h"
 
 class QLayout;
 class QPushButton;

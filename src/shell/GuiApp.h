@@ -7,7 +7,7 @@
 #include <QPointer>
 #include <string>
 
-#include "shell/gui/Menus.h"
+#include "shell/Menus.h"
 #include "tools/RandomSource.h"
 #include "tools/UpdateCheck.h"
 

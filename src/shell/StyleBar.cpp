@@ -1,4 +1,4 @@
-#include "shell/gui/StyleBar.h"
+#include "shell/StyleBar.h"
 
 #include <QColorDialog>
 #include <QComboBox>

@@ -6,8 +6,8 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-#include "shell/App.h"
-#include "shell/gui/ToolView.h"
+#include "app/App.h"
+#include "shell/ToolView.h"
 #include "tools/DataFileManager.h"
 
 namespace zeph::gui {

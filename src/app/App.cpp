@@ -1,4 +1,4 @@
-#include "shell/App.h"
+#include "app/App.h"
 
 #include <filesystem>
 
@@ -29,7 +29,7 @@ std::string App::BundledRulesFolder() const {
     return "";
 }
 
-void App::_HelpHelp_Action() {
+void App::HelpHelp_Action() {
     std::string folder = JoinPath(platform_.ApplicationFolder(), "Documentation");
     if (!IsExistingFolder(folder)) {
         platform_.MsgBox(kMissingDocumentationMessage);

@@ -1,4 +1,4 @@
-#include "shell/gui/ExportView.h"
+#include "shell/ExportView.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -8,7 +8,7 @@
 #include <QVBoxLayout>
 
 #include "documents/ExportWindow.h"
-#include "shell/gui/CoreCall.h"
+#include "shell/CoreCall.h"
 
 namespace zeph::gui {
 

@@ -1,4 +1,4 @@
-#include "shell/gui/CharWindow.h"
+#include "shell/CharWindow.h"
 
 #include <QAction>
 #include <QApplication>
@@ -28,13 +28,13 @@
 #include "rules/Equipment.h"
 #include "rules/MartialMoves.h"
 #include "rules/NotesArea.h"
-#include "shell/gui/ExportView.h"
-#include "shell/gui/JournalView.h"
-#include "shell/gui/PortraitView.h"
-#include "shell/gui/StyleBar.h"
-#include "shell/SheetOperations.h"
-#include "shell/gui/CoreCall.h"
-#include "shell/gui/ItemBinding.h"
+#include "shell/ExportView.h"
+#include "shell/JournalView.h"
+#include "shell/PortraitView.h"
+#include "shell/StyleBar.h"
+#include "app/SheetOperations.h"
+#include "shell/CoreCall.h"
+#include "shell/ItemBinding.h"
 
 namespace zeph::gui {
 namespace {
@@ -174,8 +174,8 @@ void CharWindow::RunCommand(const std::string& name) {
     for (int tab = 0; tab < 6; ++tab)
         if (name == kTabCommands[tab]) return showTab(tab);
     if (name == "FileClose") close();
-    else if (name == "FileSave") call([&] { _FileSave_Action(*sheet_); });
-    else if (name == "FileSaveAsCharacterFile") call([&] { _FileSaveAsCharacterFile_Action(*sheet_); });
+    else if (name == "FileSave") call([&] { FileSave_Action(*sheet_); });
+    else if (name == "FileSaveAsCharacterFile") call([&] { FileSaveAsCharacterFile_Action(*sheet_); });
     else if (name == "FileExport") ShowInFront(*new ExportView(*sheet_, this));
     else if (name == "FileCharacterJournal") JournalView::OpenTheJournal(*sheet_, this, menus_);
     else if (name == "FileCharacterPortrait") PortraitView::Open(*sheet_, this, menus_);

@@ -6,7 +6,7 @@
 #include <QMainWindow>
 
 #include "sheet/AttachedWindow.h"
-#include "shell/gui/Menus.h"
+#include "shell/Menus.h"
 
 class QLabel;
 

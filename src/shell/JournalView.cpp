@@ -1,13 +1,13 @@
-#include "shell/gui/JournalView.h"
+#include "shell/JournalView.h"
 
 #include <QCloseEvent>
 #include <QTextEdit>
 #include <QVBoxLayout>
 
-#include "shell/Journal.h"
-#include "shell/gui/CoreCall.h"
-#include "shell/gui/ItemBinding.h"
-#include "shell/gui/StyleBar.h"
+#include "app/Journal.h"
+#include "shell/CoreCall.h"
+#include "shell/ItemBinding.h"
+#include "shell/StyleBar.h"
 #include "sheet/CharacterSheet.h"
 
 namespace zeph::gui {

@@ -5,7 +5,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 
-#include "shell/gui/ToolView.h"
+#include "shell/ToolView.h"
 #include "tools/UpdateCheck.h"
 
 namespace zeph::gui {

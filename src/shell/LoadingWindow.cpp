@@ -1,11 +1,11 @@
-#include "shell/gui/LoadingWindow.h"
+#include "shell/LoadingWindow.h"
 
 #include <QDialog>
 #include <QLabel>
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include "documents/CharacterFile.h"
+#include "Version.h"
 
 namespace zeph::gui {
 namespace {

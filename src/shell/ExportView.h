@@ -5,7 +5,7 @@
 #include <QMainWindow>
 #include <memory>
 
-#include "shell/gui/Menus.h"
+#include "shell/Menus.h"
 
 class QComboBox;
 class QPlainTextEdit;

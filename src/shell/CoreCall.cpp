@@ -1,4 +1,4 @@
-#include "shell/gui/CoreCall.h"
+#include "shell/CoreCall.h"
 
 #include <QApplication>
 #include <QMessageBox>
