@@ -11,7 +11,7 @@
 #include "platform/Platform.h"
 #include "ruledata/DataModule.h"
 #include "rules/Metaphysics.h"
-#include "rules/PointAccounting.h"
+#include "rules/PointSums.h"
 #include "rules/QualityBonuses.h"
 #include "sheet/CharacterSheet.h"
 #include "text/TextHelpers.h"

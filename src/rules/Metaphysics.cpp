@@ -1,11 +1,13 @@
 #include "rules/Metaphysics.h"
 
 #include <algorithm>
+#include <span>
 
 #include "ruledata/RuleData.h"
 #include "rules/EntryLists.h"
 #include "rules/SecondaryAttributes.h"
 #include "sheet/CharacterSheet.h"
+#include "sheet/ListColumns.h"
 #include "text/TextHelpers.h"
 
 namespace zeph {
@@ -13,6 +15,7 @@ namespace {
 
 // The attribute bonuses of m_attributes (columns 11 to 18) and the point bonuses of
 // m_bonuspts (columns 19 to 24), as the rule data names them.
+const char* const kTypeQuery = "//metaphysics/type";
 const char* const kAttributeBonusKeys[] = {"strength",        "dexterity",        "constitution",
                                            "intelligence",    "perception",       "willpower",
                                            "mentalattrbonus", "physicalattrbonus"};
@@ -24,10 +27,35 @@ constexpr int kPointBonusCount = 6;
 // this: a lowest level from absurd rule data (1e12) would keep the press busy for ever.
 constexpr std::int64_t kMostLevelsInOnePress = 1000;
 
+EntryList metaEntry(CharacterSheet& sheet) {
+    return {sheet.MetaListBox,
+            sheet.m_row,
+            sheet.MetaNameField,
+            sheet.MetaXPCostField,
+            {{sheet.MetaLevelField, EntryColumn::Level},
+             {sheet.MetaCostField, EntryColumn::Cost},
+             {sheet.MetaXPCostField, EntryColumn::XPCost},
+             {sheet.MetaNoteField, EntryColumn::Notes},
+             {sheet.MetaReferenceField, EntryColumn::Reference},
+             {sheet.MetaPrerequisiteField, MetaColumn::Prerequisites, true},
+             {sheet.MetaMaxLevelField, MetaColumn::Levels},
+             {sheet.MetaCostPerLevelField, MetaColumn::CostPerLevel},
+             {sheet.MetaXPCostPerLevelField, MetaColumn::XPCostPerLevel},
+             {sheet.MetaXPCostNewField, MetaColumn::XPCostNew}}};
+}
+
+std::span<std::int64_t> attributeBonuses(CharacterSheet& sheet) {
+    return std::span(sheet.m_attributes).first(kAttributeBonusCount);
+}
+
+std::span<std::string> pointBonuses(CharacterSheet& sheet) {
+    return std::span(sheet.m_bonuspts).first(kPointBonusCount);
+}
+
 // The name stands between double quotes, since a metaphysic's name may hold an apostrophe.
 std::string metaPath(CharacterSheet& sheet, const std::string& name) {
-    return "//metaphysics/type[@value='" + sheet.MetaTypePopup.Text() + "']/name[@value=\"" + name +
-           "\"]";
+    return std::string(kTypeQuery) + "[@value='" + sheet.MetaTypePopup.Text() +
+           "']/name[@value=\"" + name + "\"]";
 }
 
 void fillCosts(CharacterSheet& sheet, const XmlNode& costs) {
@@ -35,21 +63,12 @@ void fillCosts(CharacterSheet& sheet, const XmlNode& costs) {
                                     costs.Attribute("maxlevel"));
     // No highest level (0) means no limit, so the high price applies.
     const std::int64_t high = Whole(NthField(sheet.MetaMaxLevelField.Text(), "/", 2));
-    if (high < 5 && high != 0) {
-        sheet.MetaCostPerLevelField.SetText(costs.Attribute("creationcost") + "/-");
-        sheet.MetaXPCostPerLevelField.SetText(costs.Attribute("experiencecost") + "/-");
-    } else {
-        sheet.MetaCostPerLevelField.SetText(costs.Attribute("creationcost") + "/" +
-                                            costs.Attribute("creationcost_highvalue"));
-        sheet.MetaXPCostPerLevelField.SetText(costs.Attribute("experiencecost") + "/" +
-                                              costs.Attribute("experiencecost_highvalue"));
-    }
+    FillCosts(costs, !(high < 5 && high != 0), sheet.MetaCostPerLevelField,
+              sheet.MetaXPCostPerLevelField,
+              {&sheet.MetaLevelField, &sheet.MetaCostField, &sheet.MetaXPCostField});
     sheet.MetaXPCostNewField.SetText(costs.Attribute("experiencecost_new"));
     if (Whole(sheet.MetaXPCostNewField.Text()) == 0)
         sheet.MetaXPCostNewField.SetText(sheet.MetaXPCostPerLevelField.Text());
-    sheet.MetaLevelField.SetText("0");
-    sheet.MetaCostField.SetText("0");
-    sheet.MetaXPCostField.SetText("0");
 }
 
 std::int64_t lowestLevel(CharacterSheet& sheet) {
@@ -58,8 +77,7 @@ std::int64_t lowestLevel(CharacterSheet& sheet) {
 
 void stepUp(CharacterSheet& sheet) {
     const std::int64_t high = Whole(NthField(sheet.MetaMaxLevelField.Text(), "/", 2));
-    const double level = Val(sheet.MetaLevelField.Text()) + 1;
-    sheet.MetaLevelField.SetText(Str(level));
+    const double level = StepLevel(sheet.MetaLevelField, +1);
     if (high != 0 && level > static_cast<double>(high)) {
         sheet.MetaLevelField.SetText(Str(static_cast<double>(high)));
         return;
@@ -76,8 +94,7 @@ void stepUp(CharacterSheet& sheet) {
 }
 
 void stepDown(CharacterSheet& sheet) {
-    const double level = Val(sheet.MetaLevelField.Text()) - 1;
-    sheet.MetaLevelField.SetText(Str(level));
+    const double level = StepLevel(sheet.MetaLevelField, -1);
     if (level < 0) {
         sheet.MetaLevelField.SetText("0");
         return;
@@ -94,8 +111,8 @@ void stepDown(CharacterSheet& sheet) {
 
 bool meetsRequirement(const ListItem& list, int row, const std::string& requirement,
                       double (*readLevel)(std::string_view)) {
-    return EqualsNoCase(list.Cell(row, 0), NthField(requirement, ",", 1)) &&
-           readLevel(list.Cell(row, 1)) >= Val(NthField(requirement, ",", 2));
+    return EqualsNoCase(list.Cell(row, EntryColumn::Name), NthField(requirement, ",", 1)) &&
+           readLevel(list.Cell(row, EntryColumn::Level)) >= Val(NthField(requirement, ",", 2));
 }
 
 // Each group of the text at "||" splits the whole text again, not the group, and the counter
@@ -125,14 +142,14 @@ bool prerequisitesMet(CharacterSheet& sheet) {
 }  // namespace
 
 void LoadMetaTypes(CharacterSheet& sheet) {
-    LoadChoices(sheet, sheet.MetaTypePopup, "//metaphysics/type");
+    LoadChoices(sheet, sheet.MetaTypePopup, kTypeQuery);
 }
 
 void MetaTypePopup_Change(CharacterSheet& sheet) {
     // No handler of its own: a failure goes to the application's.
     const RuleData& rules = sheet.Rules();
     XmlNodeList names =
-        rules.Query("//metaphysics/type[@value='" + sheet.MetaTypePopup.Text() + "']/name");
+        rules.Query(std::string(kTypeQuery) + "[@value='" + sheet.MetaTypePopup.Text() + "']/name");
     sheet.MetaPopup.DeleteAllRows();
     for (int i = 0; i < names.Count(); ++i) {
         const std::string name = names.Item(i).Attribute("value");
@@ -148,7 +165,8 @@ bool MetaCheckQualityPrereq(CharacterSheet& sheet, const std::string& text) {
     bool met = false;
     for (int f = 1; f <= CountFields(text, "||"); ++f)
         for (int row = 0; row < qualities.ListCount(); ++row)
-            if (InStr(qualities.Cell(row, 0), NthField(text, "||", f)) > 0) met = true;
+            if (InStr(qualities.Cell(row, EntryColumn::Name), NthField(text, "||", f)) > 0)
+                met = true;
     return met;
 }
 
@@ -158,17 +176,11 @@ void PopulateMetaInfo(CharacterSheet& sheet) {
         sheet.MetaNameField.SetText(sheet.MetaPopup.Text());
         const std::string path = metaPath(sheet, sheet.MetaPopup.Text());
         if (auto costs = rules.Record(path + "/costs")) fillCosts(sheet, *costs);
-        sheet.MetaReferenceField.SetText(rules.Leaf(path + "/pagereference").value_or(""));
-        sheet.MetaPrerequisiteField.SetText(rules.Leaf(path + "/metaprerequisite").value_or(""));
-        sheet.MetaNoteField.SetText(rules.Leaf(path + "/notes").value_or(""));
-
-        auto attributes = rules.Record(path + "/bonusattr");
-        for (int i = 0; i < kAttributeBonusCount; ++i)
-            sheet.m_attributes[i] =
-                attributes ? Whole(attributes->Attribute(kAttributeBonusKeys[i])) : 0;
-        auto points = rules.Record(path + "/bonuspts");
-        for (int i = 0; i < kPointBonusCount; ++i)
-            sheet.m_bonuspts[i] = points ? points->Attribute(kPointBonusKeys[i]) : "";
+        TakeLeaf(rules, path + "/pagereference", sheet.MetaReferenceField);
+        TakeLeaf(rules, path + "/metaprerequisite", sheet.MetaPrerequisiteField);
+        TakeLeaf(rules, path + "/notes", sheet.MetaNoteField);
+        ReadBonuses(rules, path + "/bonusattr", kAttributeBonusKeys, attributeBonuses(sheet));
+        ReadBonuses(rules, path + "/bonuspts", kPointBonusKeys, pointBonuses(sheet));
         sheet.m_altform = rules.Leaf(path + "/altform").value_or("");
         sheet.m_row = -1;
     } catch (const XmlError& failure) {
@@ -192,32 +204,12 @@ void MetaUpDownArrows_Down(CharacterSheet& sheet) {
 }
 
 void MetaRecordButton_Action(CharacterSheet& sheet) {
+    auto row = RecordEntry(sheet, metaEntry(sheet), prerequisitesMet(sheet));
+    if (!row) return;
     ListItem& list = sheet.MetaListBox;
-    auto target = StartRecord(sheet, list, prerequisitesMet(sheet), sheet.m_row,
-                              sheet.MetaXPCostField, sheet.MetaNameField);
-    if (!target) return;
-    const int row = *target;
-    MoveIntoCell(sheet.MetaLevelField, list, row, 1);
-    MoveIntoCell(sheet.MetaCostField, list, row, 2);
-    MoveIntoCell(sheet.MetaXPCostField, list, row, 3);
-    MoveIntoCell(sheet.MetaNoteField, list, row, 4);
-    MoveIntoCell(sheet.MetaReferenceField, list, row, 5);
-    list.SetCell(row, 6, LineEndsToBlanks(sheet.MetaPrerequisiteField.Text()));
-    sheet.MetaPrerequisiteField.SetText("");
-    MoveIntoCell(sheet.MetaMaxLevelField, list, row, 7);
-    MoveIntoCell(sheet.MetaCostPerLevelField, list, row, 8);
-    MoveIntoCell(sheet.MetaXPCostPerLevelField, list, row, 9);
-    MoveIntoCell(sheet.MetaXPCostNewField, list, row, 10);
-
-    for (int i = 0; i < kAttributeBonusCount; ++i) {
-        list.SetCell(row, 11 + i, Str(static_cast<double>(sheet.m_attributes[i])));
-        sheet.m_attributes[i] = 0;
-    }
-    for (int i = 0; i < kPointBonusCount; ++i) {
-        list.SetCell(row, 19 + i, sheet.m_bonuspts[i]);
-        sheet.m_bonuspts[i].clear();
-    }
-    list.SetCell(row, 25, sheet.m_altform);
+    RecordBonuses(list, *row, MetaColumn::AttributeBonuses, attributeBonuses(sheet));
+    RecordBonuses(list, *row, MetaColumn::PointBonuses, pointBonuses(sheet));
+    list.SetCell(*row, MetaColumn::AltFormType, sheet.m_altform);
     sheet.m_altform.clear();
     sheet.m_row = -1;
     MetaGetBonus(sheet);
@@ -225,39 +217,12 @@ void MetaRecordButton_Action(CharacterSheet& sheet) {
 }
 
 void MetaListBox_DoubleClick(CharacterSheet& sheet) {
-    ListItem& list = sheet.MetaListBox;
-    sheet.m_row = SelectedRowOr(list, sheet.m_row);
-    const int row = static_cast<int>(sheet.m_row);
-    const std::pair<TextItem*, int> fields[] = {
-        {&sheet.MetaNameField, 0},         {&sheet.MetaMaxLevelField, 7},
-        {&sheet.MetaCostPerLevelField, 8}, {&sheet.MetaXPCostPerLevelField, 9},
-        {&sheet.MetaXPCostNewField, 10},   {&sheet.MetaLevelField, 1},
-        {&sheet.MetaCostField, 2},         {&sheet.MetaXPCostField, 3},
-        {&sheet.MetaReferenceField, 5},    {&sheet.MetaPrerequisiteField, 6},
-        {&sheet.MetaNoteField, 4}};
-    for (const auto& [field, column] : fields) field->SetText(list.Cell(row, column));
-    for (int i = 0; i < kAttributeBonusCount; ++i)
-        sheet.m_attributes[i] = Whole(list.Cell(row, 11 + i));
-    for (int i = 0; i < kPointBonusCount; ++i) sheet.m_bonuspts[i] = list.Cell(row, 19 + i);
-    sheet.m_altform = list.Cell(row, 25);
+    const int row = PullBackEntry(metaEntry(sheet));
+    const ListItem& list = sheet.MetaListBox;
+    PullBackBonuses(list, row, MetaColumn::AttributeBonuses, attributeBonuses(sheet));
+    PullBackBonuses(list, row, MetaColumn::PointBonuses, pointBonuses(sheet));
+    sheet.m_altform = list.Cell(row, MetaColumn::AltFormType);
 }
-
-void MetaListBoxDeleteRow(CharacterSheet& sheet) {
-    DeleteSelectedRowsWithRefund(sheet, sheet.MetaListBox);
-    MetaGetBonus(sheet);
-}
-
-void MetaRemoveButton_Action(CharacterSheet& sheet) {
-    MetaListBoxDeleteRow(sheet);
-    FigureSecondaryAttributes(sheet);
-}
-
-void MetaListBox_KeyDown(CharacterSheet& sheet, const std::string& key) {
-    // The sums are renewed, the sheet's totals wait for the next recomputation.
-    if (IsDeleteKey(key)) MetaListBoxDeleteRow(sheet);
-}
-
-void MetaSeparator_Action(CharacterSheet& sheet) { AddSeparatorRow(sheet.MetaListBox); }
 
 void MetaGetBonus(CharacterSheet& sheet) {
     const ListItem& list = sheet.MetaListBox;
@@ -265,7 +230,8 @@ void MetaGetBonus(CharacterSheet& sheet) {
         std::int64_t sum = 0;
         for (int row = 0; row < list.ListCount(); ++row)
             sum = Whole(static_cast<double>(sum) +
-                        Val(list.Cell(row, 11 + entry)) * Val(list.Cell(row, 1)));
+                        Val(list.Cell(row, MetaColumn::AttributeBonuses + entry)) *
+                            Val(list.Cell(row, EntryColumn::Level)));
         sheet.m_all_bonuses[entry] = sum;
     }
 }
@@ -285,10 +251,11 @@ void AddMetaphysicsOperations(OperationTable& table) {
     AddOperation(table, "MetaUpDownArrows_Down", MetaUpDownArrows_Down);
     AddOperation(table, "MetaRecordButton_Action", MetaRecordButton_Action);
     AddOperation(table, "MetaListBox_DoubleClick", MetaListBox_DoubleClick);
-    AddOperation(table, "MetaListBoxDeleteRow", MetaListBoxDeleteRow);
-    AddOperation(table, "MetaRemoveButton_Action", MetaRemoveButton_Action);
-    AddOperationWithArgument(table, "MetaListBox_KeyDown", MetaListBox_KeyDown);
-    AddOperation(table, "MetaSeparator_Action", MetaSeparator_Action);
+    // A deletion renews the bonus sums; only the Remove button renews the sheet's totals.
+    AddRemovalOperations(table,
+                         {"MetaListBoxDeleteRow", "MetaRemoveButton_Action", "MetaListBox_KeyDown",
+                          "MetaSeparator_Action"},
+                         &CharacterSheet::MetaListBox, MetaGetBonus);
     AddOperation(table, "MetaGetBonus", MetaGetBonus);
 }
 

@@ -1,6 +1,7 @@
 // Metaphysics: the powers offered by the character's qualities, chosen into the entry items,
 // stepped between a lowest and a highest level, recorded as rows of MetaListBox (prerequisites
-// with alternatives, experience in play), pulled back, removed; and the sum of their bonuses.
+// with alternatives, experience in play), pulled back, removed (the removal operations every
+// big list has, EntryLists.h); and the sum of their bonuses.
 #pragma once
 
 #include <string>
@@ -20,10 +21,6 @@ void MetaUpDownArrows_Up(CharacterSheet& sheet);
 void MetaUpDownArrows_Down(CharacterSheet& sheet);
 void MetaRecordButton_Action(CharacterSheet& sheet);
 void MetaListBox_DoubleClick(CharacterSheet& sheet);
-void MetaListBoxDeleteRow(CharacterSheet& sheet);
-void MetaRemoveButton_Action(CharacterSheet& sheet);
-void MetaListBox_KeyDown(CharacterSheet& sheet, const std::string& key);
-void MetaSeparator_Action(CharacterSheet& sheet);
 // Renews m_all_bonuses: per column 11 to 24, the sum over the rows of the bonus times the level.
 void MetaGetBonus(CharacterSheet& sheet);
 

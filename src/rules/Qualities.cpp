@@ -1,17 +1,37 @@
 #include "rules/Qualities.h"
 
+#include <span>
+
 #include "ruledata/RuleData.h"
 #include "rules/EntryLists.h"
 #include "rules/SecondaryAttributes.h"
 #include "sheet/CharacterSheet.h"
+#include "sheet/ListColumns.h"
 #include "text/TextHelpers.h"
 
 namespace zeph {
 namespace {
 
-std::string qualityPath(CharacterSheet& sheet) {
-    return "//qualities/type[@value='" + sheet.QualityTypePopup.Text() + "']/name[@value='" +
-           sheet.QualityPopup.Text() + "']";
+const char* const kTypeQuery = "//qualities/type";
+
+EntryList qualityEntry(CharacterSheet& sheet) {
+    return {sheet.QualityListBox,
+            sheet.q_row,
+            sheet.QualityNameField,
+            sheet.QualityXPCostField,
+            {{sheet.QualityLevelField, EntryColumn::Level},
+             {sheet.QualityCostField, EntryColumn::Cost},
+             {sheet.QualityXPCostField, EntryColumn::XPCost},
+             {sheet.QualityNoteField, EntryColumn::Notes},
+             {sheet.QualityReferenceField, EntryColumn::Reference},
+             {sheet.QualityPrerequisiteField, QualityColumn::Prerequisites, true},
+             {sheet.QualityMaxLevelField, QualityColumn::MaxLevel},
+             {sheet.QualityCostPerLevelField, QualityColumn::CostPerLevel},
+             {sheet.QualityXPCostPerLevelField, QualityColumn::XPCostPerLevel}}};
+}
+
+std::span<std::int64_t> attributeBonuses(CharacterSheet& sheet) {
+    return std::span(sheet.q_attributes).first(kAttributeCount);
 }
 
 void showAltFormChoice(CharacterSheet& sheet, bool shown) {
@@ -19,20 +39,12 @@ void showAltFormChoice(CharacterSheet& sheet, bool shown) {
     sheet.QualityAltFormText.SetVisible(shown);
 }
 
+// A highest level below 5 never reaches the high price.
 void fillCosts(CharacterSheet& sheet, const XmlNode& costs) {
     sheet.QualityMaxLevelField.SetText(costs.Attribute("maxlevel"));
-    if (Val(sheet.QualityMaxLevelField.Text()) < 5) {
-        sheet.QualityCostPerLevelField.SetText(costs.Attribute("creationcost") + "/-");
-        sheet.QualityXPCostPerLevelField.SetText(costs.Attribute("experiencecost") + "/-");
-    } else {
-        sheet.QualityCostPerLevelField.SetText(costs.Attribute("creationcost") + "/" +
-                                               costs.Attribute("creationcost_highvalue"));
-        sheet.QualityXPCostPerLevelField.SetText(costs.Attribute("experiencecost") + "/" +
-                                                 costs.Attribute("experiencecost_highvalue"));
-    }
-    sheet.QualityLevelField.SetText("0");
-    sheet.QualityCostField.SetText("0");
-    sheet.QualityXPCostField.SetText("0");
+    FillCosts(costs, !(Val(sheet.QualityMaxLevelField.Text()) < 5), sheet.QualityCostPerLevelField,
+              sheet.QualityXPCostPerLevelField,
+              {&sheet.QualityLevelField, &sheet.QualityCostField, &sheet.QualityXPCostField});
 }
 
 // The running cost that the arrows move: experience in play, creation points otherwise.
@@ -55,20 +67,26 @@ bool prerequisitesMet(CharacterSheet& sheet) {
     for (int r = 1; r <= requirements; ++r) {
         const std::string requirement = NthField(text, "&&", r);
         for (int row = 0; row < list.ListCount(); ++row)
-            if (EqualsNoCase(list.Cell(row, 0), NthField(requirement, ",", 1)) &&
-                Val(list.Cell(row, 1)) >= Val(NthField(requirement, ",", 2)))
+            if (EqualsNoCase(list.Cell(row, EntryColumn::Name), NthField(requirement, ",", 1)) &&
+                Val(list.Cell(row, EntryColumn::Level)) >= Val(NthField(requirement, ",", 2)))
                 ++matches;
     }
     return matches == requirements;
 }
 
-void writePoolMarkers(ListItem& list, int row) {
-    const std::string name = list.Cell(row, 0);
-    if (InStr(name, "Channeling") > 0 || InStr(name, "Sadicas") > 0) list.SetCell(row, 10, name);
+void writePoolMarker(ListItem& list, int row) {
+    const std::string name = list.Cell(row, EntryColumn::Name);
+    const int marker = QualityColumn::PoolMarker;
+    if (InStr(name, "Channeling") > 0 || InStr(name, "Sadicas") > 0) list.SetCell(row, marker, name);
     if (EqualsNoCase(name, "Taint") || EqualsNoCase(name, "Taint Channeling"))
-        list.SetCell(row, 10, "Taint Channeling");
-    if (EqualsNoCase(name, "Adept")) list.SetCell(row, 10, "Adept");
-    if (InStr(name, "Taint Pool") > 0 || EqualsNoCase(name, "Taint")) list.SetCell(row, 26, "5");
+        list.SetCell(row, marker, "Taint Channeling");
+    if (EqualsNoCase(name, "Adept")) list.SetCell(row, marker, "Adept");
+}
+
+void writeTaintPool(ListItem& list, int row) {
+    const std::string& name = list.Cell(row, EntryColumn::Name);
+    if (InStr(name, "Taint Pool") > 0 || EqualsNoCase(name, "Taint"))
+        list.SetCell(row, QualityColumn::TaintPool, "5");
 }
 
 // Column 27: the name field (already emptied), the forms offered, the form chosen.
@@ -78,7 +96,7 @@ void writeAltForms(CharacterSheet& sheet, int row) {
     std::string offered = sheet.QualityNameField.Text() + "&&";
     for (const std::string& form : combo.Rows()) offered += form + ",";
     offered = Left(offered, Len(offered) - 1);
-    sheet.QualityListBox.SetCell(row, 27, offered + "&&" + combo.Text());
+    sheet.QualityListBox.SetCell(row, QualityColumn::AltForms, offered + "&&" + combo.Text());
     combo.DeleteAllRows();
     showAltFormChoice(sheet, false);
     sheet.QualityNameField.SetText("");
@@ -105,26 +123,22 @@ void readAltForms(CharacterSheet& sheet, const std::string& column) {
 
 }  // namespace
 
-void LoadQualityTypes(CharacterSheet& sheet) {
-    LoadChoices(sheet, sheet.QualityTypePopup, "//qualities/type");
-}
+void LoadQualityTypes(CharacterSheet& sheet) { LoadChoices(sheet, sheet.QualityTypePopup, kTypeQuery); }
 
 void QualityTypePopup_Change(CharacterSheet& sheet) {
     // No handler of its own: a failure goes to the application's.
-    XmlNodeList names = sheet.Rules().Query("//qualities/type[@value='" +
-                                            sheet.QualityTypePopup.Text() + "']/name");
-    ReplaceChoices(sheet.QualityPopup, names);
+    ReplaceNameChoices(sheet, kTypeQuery, sheet.QualityTypePopup, sheet.QualityPopup);
 }
 
 void PopulateQualityInfo(CharacterSheet& sheet) {
     const RuleData& rules = sheet.Rules();
     try {
         sheet.QualityNameField.SetText(sheet.QualityPopup.Text());
-        const std::string path = qualityPath(sheet);
+        const std::string path = ChosenNamePath(kTypeQuery, sheet.QualityTypePopup, sheet.QualityPopup);
         if (auto costs = rules.Record(path + "/costs")) fillCosts(sheet, *costs);
-        sheet.QualityReferenceField.SetText(rules.Leaf(path + "/pagereference").value_or(""));
-        sheet.QualityPrerequisiteField.SetText(rules.Leaf(path + "/prerequisites").value_or(""));
-        sheet.QualityNoteField.SetText(rules.Leaf(path + "/notes").value_or(""));
+        TakeLeaf(rules, path + "/pagereference", sheet.QualityReferenceField);
+        TakeLeaf(rules, path + "/prerequisites", sheet.QualityPrerequisiteField);
+        TakeLeaf(rules, path + "/notes", sheet.QualityNoteField);
 
         if (auto formType = rules.Leaf(path + "/alternateform")) {
             showAltFormChoice(sheet, true);
@@ -135,16 +149,10 @@ void PopulateQualityInfo(CharacterSheet& sheet) {
             showAltFormChoice(sheet, false);
         }
 
-        auto attributes = rules.Record(path + "/bonusattr");
-        for (int a = 0; a < kAttributeCount; ++a)
-            sheet.q_attributes[a] =
-                attributes ? Whole(attributes->Attribute(kAttributeKeys[a])) : 0;
-        if (auto points = rules.Record(path + "/bonuspts")) {
-            for (int i = 0; i < kQualityBonusPointCount; ++i)
-                sheet.q_bonuspts[i] = points->Attribute(kQualityBonusPointKeys[i]);
-        } else {
+        ReadBonuses(rules, path + "/bonusattr", kAttributeKeys, attributeBonuses(sheet));
+        // Without a node all ten point bonuses go; with one the tenth keeps what it held.
+        if (!ReadBonuses(rules, path + "/bonuspts", kQualityBonusPointKeys, sheet.q_bonuspts))
             sheet.q_bonuspts.fill("");
-        }
         sheet.q_row = -1;
     } catch (const XmlError& failure) {
         sheet.ShowXmlFailure(failure);
@@ -152,8 +160,7 @@ void PopulateQualityInfo(CharacterSheet& sheet) {
 }
 
 void QualityUpDownArrows_Up(CharacterSheet& sheet) {
-    const double level = Val(sheet.QualityLevelField.Text()) + 1;
-    sheet.QualityLevelField.SetText(Str(level));
+    const double level = StepLevel(sheet.QualityLevelField, +1);
     if (Val(sheet.QualityMaxLevelField.Text()) < level) {
         sheet.QualityLevelField.SetText(sheet.QualityMaxLevelField.Text());
         return;
@@ -162,8 +169,7 @@ void QualityUpDownArrows_Up(CharacterSheet& sheet) {
 }
 
 void QualityUpDownArrows_Down(CharacterSheet& sheet) {
-    const double level = Val(sheet.QualityLevelField.Text()) - 1;
-    sheet.QualityLevelField.SetText(Str(level));
+    const double level = StepLevel(sheet.QualityLevelField, -1);
     if (level < 0) {
         sheet.QualityLevelField.SetText("0");
         return;
@@ -172,68 +178,29 @@ void QualityUpDownArrows_Down(CharacterSheet& sheet) {
 }
 
 void QualityRecordButton_Action(CharacterSheet& sheet) {
+    auto row = RecordEntry(sheet, qualityEntry(sheet), prerequisitesMet(sheet));
+    if (!row) return;
     ListItem& list = sheet.QualityListBox;
-    auto target = StartRecord(sheet, list, prerequisitesMet(sheet), sheet.q_row,
-                              sheet.QualityXPCostField, sheet.QualityNameField);
-    if (!target) return;
-    const int row = *target;
-    MoveIntoCell(sheet.QualityLevelField, list, row, 1);
-    MoveIntoCell(sheet.QualityCostField, list, row, 2);
-    MoveIntoCell(sheet.QualityXPCostField, list, row, 3);
-    MoveIntoCell(sheet.QualityNoteField, list, row, 4);
-    MoveIntoCell(sheet.QualityReferenceField, list, row, 5);
-    list.SetCell(row, 6, LineEndsToBlanks(sheet.QualityPrerequisiteField.Text()));
-    sheet.QualityPrerequisiteField.SetText("");
-    MoveIntoCell(sheet.QualityMaxLevelField, list, row, 7);
-    MoveIntoCell(sheet.QualityCostPerLevelField, list, row, 8);
-    MoveIntoCell(sheet.QualityXPCostPerLevelField, list, row, 9);
-
-    writePoolMarkers(list, row);
-    for (int a = 0; a < kAttributeCount; ++a) {
-        list.SetCell(row, 11 + a, Str(static_cast<double>(sheet.q_attributes[a])));
-        sheet.q_attributes[a] = 0;
-    }
-    for (int i = 0; i < kQualityBonusPointCount; ++i) {
-        list.SetCell(row, 17 + i, sheet.q_bonuspts[i]);
-        sheet.q_bonuspts[i].clear();
-    }
-    writeAltForms(sheet, row);
+    writePoolMarker(list, *row);
+    RecordBonuses(list, *row, QualityColumn::AttributeBonuses, attributeBonuses(sheet));
+    RecordBonuses(list, *row, QualityColumn::PointBonuses,
+                  std::span(sheet.q_bonuspts).first(kQualityBonusPointCount));
+    writeTaintPool(list, *row);
+    writeAltForms(sheet, *row);
     sheet.q_row = -1;
     FigureSecondaryAttributes(sheet);
     if (sheet.QualitiesSeparateQDBox.Value()) SeparateQD(sheet);
 }
 
 void QualityListBox_DoubleClick(CharacterSheet& sheet) {
-    ListItem& list = sheet.QualityListBox;
-    sheet.q_row = SelectedRowOr(list, sheet.q_row);
-    const int row = static_cast<int>(sheet.q_row);
-    const std::pair<TextItem*, int> fields[] = {
-        {&sheet.QualityNameField, 0},           {&sheet.QualityLevelField, 1},
-        {&sheet.QualityCostField, 2},           {&sheet.QualityXPCostField, 3},
-        {&sheet.QualityMaxLevelField, 7},       {&sheet.QualityCostPerLevelField, 8},
-        {&sheet.QualityXPCostPerLevelField, 9}, {&sheet.QualityReferenceField, 5},
-        {&sheet.QualityPrerequisiteField, 6},   {&sheet.QualityNoteField, 4}};
-    for (const auto& [field, column] : fields) field->SetText(list.Cell(row, column));
-    for (int a = 0; a < kAttributeCount; ++a) sheet.q_attributes[a] = Whole(list.Cell(row, 11 + a));
-    for (int i = 0; i < 10; ++i) sheet.q_bonuspts[i] = list.Cell(row, 17 + i);
-    readAltForms(sheet, list.Cell(row, 27));
+    const int row = PullBackEntry(qualityEntry(sheet));
+    const ListItem& list = sheet.QualityListBox;
+    PullBackBonuses(list, row, QualityColumn::AttributeBonuses, attributeBonuses(sheet));
+    // The tenth point bonus takes the Taint pool's column, which nothing reads from it.
+    PullBackBonuses(list, row, QualityColumn::PointBonuses,
+                    std::span(sheet.q_bonuspts).first(kQualityBonusPointCount + 1));
+    readAltForms(sheet, list.Cell(row, QualityColumn::AltForms));
 }
-
-void QualityListBoxDeleteRow(CharacterSheet& sheet) {
-    DeleteSelectedRowsWithRefund(sheet, sheet.QualityListBox);
-}
-
-void QualityRemoveButton_Action(CharacterSheet& sheet) {
-    QualityListBoxDeleteRow(sheet);
-    FigureSecondaryAttributes(sheet);
-}
-
-void QualityListBox_KeyDown(CharacterSheet& sheet, const std::string& key) {
-    // Lighter than the button on purpose: the totals wait for the next recomputation.
-    if (IsDeleteKey(key)) QualityListBoxDeleteRow(sheet);
-}
-
-void QualitySeparator_Action(CharacterSheet& sheet) { AddSeparatorRow(sheet.QualityListBox); }
 
 void QualitiesSeparateQDBox_Action(CharacterSheet& sheet) {
     if (sheet.QualitiesSeparateQDBox.Value()) SeparateQD(sheet);
@@ -252,8 +219,8 @@ void SeparateQD(CharacterSheet& sheet) {
     int limit = list.ListCount();
     int index = 0;
     while (index < limit) {
-        if (Val(list.Cell(index, 2)) + Val(list.Cell(index, 3)) < 0) {
-            list.AddRow(list.Cell(index, 0));
+        if (Val(list.Cell(index, EntryColumn::Cost)) + Val(list.Cell(index, EntryColumn::XPCost)) < 0) {
+            list.AddRow(list.Cell(index, EntryColumn::Name));
             const int copy = list.LastIndex();
             for (int column = 1; column < list.ColumnCount(); ++column)
                 list.SetCell(copy, column, list.Cell(index, column));
@@ -276,10 +243,10 @@ void AddQualityOperations(OperationTable& table) {
     AddOperation(table, "QualityUpDownArrows_Down", QualityUpDownArrows_Down);
     AddOperation(table, "QualityRecordButton_Action", QualityRecordButton_Action);
     AddOperation(table, "QualityListBox_DoubleClick", QualityListBox_DoubleClick);
-    AddOperation(table, "QualityListBoxDeleteRow", QualityListBoxDeleteRow);
-    AddOperation(table, "QualityRemoveButton_Action", QualityRemoveButton_Action);
-    AddOperationWithArgument(table, "QualityListBox_KeyDown", QualityListBox_KeyDown);
-    AddOperation(table, "QualitySeparator_Action", QualitySeparator_Action);
+    AddRemovalOperations(table,
+                         {"QualityListBoxDeleteRow", "QualityRemoveButton_Action",
+                          "QualityListBox_KeyDown", "QualitySeparator_Action"},
+                         &CharacterSheet::QualityListBox);
     AddOperation(table, "QualitySeparateButton_Action", SeparateQD);
     AddOperation(table, "QualitiesSeparateQDBox_Action", QualitiesSeparateQDBox_Action);
     AddOperation(table, "QualityListBox_DragReorderRows", QualityListBox_DragReorderRows);

@@ -1,6 +1,7 @@
 // Qualities and drawbacks: choosing one from the rule data into the entry items, stepping its
 // level, recording it as a row of QualityListBox (prerequisites, experience in play, the pool
-// markers), pulling a row back, removing rows, and keeping drawbacks behind the qualities.
+// markers), pulling a row back, removing rows, and keeping drawbacks behind the qualities. The
+// removal operations are those every big list has (EntryLists.h), under the qualities' names.
 #pragma once
 
 #include <array>
@@ -25,10 +26,6 @@ void QualityUpDownArrows_Up(CharacterSheet& sheet);
 void QualityUpDownArrows_Down(CharacterSheet& sheet);
 void QualityRecordButton_Action(CharacterSheet& sheet);
 void QualityListBox_DoubleClick(CharacterSheet& sheet);
-void QualityListBoxDeleteRow(CharacterSheet& sheet);
-void QualityRemoveButton_Action(CharacterSheet& sheet);
-void QualityListBox_KeyDown(CharacterSheet& sheet, const std::string& key);
-void QualitySeparator_Action(CharacterSheet& sheet);
 void QualitiesSeparateQDBox_Action(CharacterSheet& sheet);
 // A hand ordering of the list (a drag or a header press) switches automatic separation off.
 void QualityListBox_DragReorderRows(CharacterSheet& sheet);

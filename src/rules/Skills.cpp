@@ -8,14 +8,24 @@
 #include "rules/EntryLists.h"
 #include "rules/SecondaryAttributes.h"
 #include "sheet/CharacterSheet.h"
+#include "sheet/ListColumns.h"
 #include "text/TextHelpers.h"
 
 namespace zeph {
 namespace {
 
-std::string skillPath(CharacterSheet& sheet) {
-    return "//skills/category[@value='" + sheet.SkillCategoryPopup.Text() + "']/name[@value='" +
-           sheet.SkillPopup.Text() + "']";
+const char* const kCategoryQuery = "//skills/category";
+
+EntryList skillEntry(CharacterSheet& sheet) {
+    return {sheet.SkillListBox,
+            sheet.s_row,
+            sheet.SkillNameField,
+            sheet.SkillXPCostField,
+            {{sheet.SkillLevelField, EntryColumn::Level},
+             {sheet.SkillCostField, EntryColumn::Cost},
+             {sheet.SkillXPCostField, EntryColumn::XPCost},
+             {sheet.SkillNotesField, EntryColumn::Notes, true},
+             {sheet.SkillReferenceField, EntryColumn::Reference}}};
 }
 
 bool isMartial(const std::string& name) { return InStr(name, "Martial Arts") > 0; }
@@ -80,28 +90,27 @@ void reopenMoves(CharacterSheet& sheet, const std::vector<std::string>& store, b
 }  // namespace
 
 void LoadSkillCategories(CharacterSheet& sheet) {
-    LoadChoices(sheet, sheet.SkillCategoryPopup, "//skills/category");
+    LoadChoices(sheet, sheet.SkillCategoryPopup, kCategoryQuery);
 }
 
 void SkillCategoryPopup_Change(CharacterSheet& sheet) {
     // No handler of its own: a failure goes to the application's.
-    XmlNodeList names = sheet.Rules().Query("//skills/category[@value='" +
-                                            sheet.SkillCategoryPopup.Text() + "']/name");
-    ReplaceChoices(sheet.SkillPopup, names);
+    ReplaceNameChoices(sheet, kCategoryQuery, sheet.SkillCategoryPopup, sheet.SkillPopup);
 }
 
 void PopulateSkillInfo(CharacterSheet& sheet) {
     const RuleData& rules = sheet.Rules();
     try {
         sheet.SkillNameField.SetText(sheet.SkillPopup.Text());
-        const std::string path = skillPath(sheet);
-        sheet.SkillReferenceField.SetText(rules.Leaf(path + "/pagereference").value_or(""));
+        const std::string path =
+            ChosenNamePath(kCategoryQuery, sheet.SkillCategoryPopup, sheet.SkillPopup);
+        TakeLeaf(rules, path + "/pagereference", sheet.SkillReferenceField);
         sheet.SkillLevelField.SetText("0");
         sheet.SkillCostField.SetText("0");
         sheet.SkillXPCostField.SetText("0");
         auto type = rules.Record(path + "/type");
         sheet.SkillTypeCombo.SetText(type ? type->Attribute("value") : "");
-        sheet.SkillNotesField.SetText(rules.Leaf(path + "/notes").value_or(""));
+        TakeLeaf(rules, path + "/notes", sheet.SkillNotesField);
 
         sheet.SkillSelectPopup.DeleteAllRows();
         if (auto typelist = rules.Leaf(path + "/typelist"))
@@ -162,14 +171,12 @@ void SkillSpecialtyButton_Action(CharacterSheet& sheet) {
 }
 
 void SkillUpDownArrows1_Up(CharacterSheet& sheet) {
-    const double level = Val(sheet.SkillLevelField.Text()) + 1;
-    sheet.SkillLevelField.SetText(Str(level));
+    const double level = StepLevel(sheet.SkillLevelField, +1);
     addLevelPrice(sheet, level, sheet.SkillLevelField.Text() == "1", +1);
 }
 
 void SkillUpDownArrows1_Down(CharacterSheet& sheet) {
-    const double level = Val(sheet.SkillLevelField.Text()) - 1;
-    sheet.SkillLevelField.SetText(Str(level));
+    const double level = StepLevel(sheet.SkillLevelField, -1);
     if (level < 0) {
         sheet.SkillLevelField.SetText("0");
         return;
@@ -179,37 +186,24 @@ void SkillUpDownArrows1_Down(CharacterSheet& sheet) {
 }
 
 void SkillRecordButton_Action(CharacterSheet& sheet) {
+    auto row = RecordEntry(sheet, skillEntry(sheet), true);
+    if (!row) return;
     ListItem& list = sheet.SkillListBox;
-    auto target =
-        StartRecord(sheet, list, true, sheet.s_row, sheet.SkillXPCostField, sheet.SkillNameField);
-    if (!target) return;
-    const int row = *target;
-    MoveIntoCell(sheet.SkillLevelField, list, row, 1);
-    MoveIntoCell(sheet.SkillCostField, list, row, 2);
-    MoveIntoCell(sheet.SkillXPCostField, list, row, 3);
-    list.SetCell(row, 4, LineEndsToBlanks(sheet.SkillNotesField.Text()));
-    sheet.SkillNotesField.SetText("");
-    MoveIntoCell(sheet.SkillReferenceField, list, row, 5);
-    list.SetCell(row, 6, sheet.SkillTypeCombo.Text());
+    list.SetCell(*row, SkillColumn::Type, sheet.SkillTypeCombo.Text());
     sheet.SkillTypeCombo.SetText("");
-    list.SetCell(row, 7, JoinFields(sheet.SkillSelectPopup.Rows(), ","));
+    list.SetCell(*row, SkillColumn::SubTypes, JoinFields(sheet.SkillSelectPopup.Rows(), ","));
     storeMoves(sheet);
     sheet.s_row = -1;
     FigureSecondaryAttributes(sheet);
 }
 
 void SkillListBox_DoubleClick(CharacterSheet& sheet) {
-    ListItem& list = sheet.SkillListBox;
-    sheet.s_row = SelectedRowOr(list, sheet.s_row);
-    const int row = static_cast<int>(sheet.s_row);
-    const std::pair<TextItem*, int> fields[] = {
-        {&sheet.SkillNameField, 0},   {&sheet.SkillLevelField, 1}, {&sheet.SkillCostField, 2},
-        {&sheet.SkillXPCostField, 3}, {&sheet.SkillNotesField, 4}, {&sheet.SkillReferenceField, 5}};
-    for (const auto& [field, column] : fields) field->SetText(list.Cell(row, column));
-    sheet.SkillTypeCombo.SetText(list.Cell(row, 6));
+    const int row = PullBackEntry(skillEntry(sheet));
+    const ListItem& list = sheet.SkillListBox;
+    sheet.SkillTypeCombo.SetText(list.Cell(row, SkillColumn::Type));
 
     sheet.SkillSelectPopup.DeleteAllRows();
-    const std::string& subTypes = list.Cell(row, 7);
+    const std::string& subTypes = list.Cell(row, SkillColumn::SubTypes);
     for (int f = 1; f <= CountFields(subTypes, ","); ++f)
         sheet.SkillSelectPopup.AddRow(NthField(subTypes, ",", f));
 
@@ -231,22 +225,6 @@ void SkillListBox_DoubleClick(CharacterSheet& sheet) {
     }
 }
 
-void SkillListBoxDeleteRow(CharacterSheet& sheet) {
-    DeleteSelectedRowsWithRefund(sheet, sheet.SkillListBox);
-}
-
-void SkillRemoveButton_Action(CharacterSheet& sheet) {
-    SkillListBoxDeleteRow(sheet);
-    FigureSecondaryAttributes(sheet);
-}
-
-void SkillListBox_KeyDown(CharacterSheet& sheet, const std::string& key) {
-    // Lighter than the button on purpose: the totals wait for the next recomputation.
-    if (IsDeleteKey(key)) SkillListBoxDeleteRow(sheet);
-}
-
-void SkillSeparator_Action(CharacterSheet& sheet) { AddSeparatorRow(sheet.SkillListBox); }
-
 void AddSkillOperations(OperationTable& table) {
     AddOperation(table, "LoadSkillCategories", LoadSkillCategories);
     AddOperation(table, "SkillCategoryPopup_MouseDown", LoadSkillCategories);
@@ -260,10 +238,10 @@ void AddSkillOperations(OperationTable& table) {
     AddOperation(table, "SkillUpDownArrows1_Down", SkillUpDownArrows1_Down);
     AddOperation(table, "SkillRecordButton_Action", SkillRecordButton_Action);
     AddOperation(table, "SkillListBox_DoubleClick", SkillListBox_DoubleClick);
-    AddOperation(table, "SkillListBoxDeleteRow", SkillListBoxDeleteRow);
-    AddOperation(table, "SkillRemoveButton_Action", SkillRemoveButton_Action);
-    AddOperationWithArgument(table, "SkillListBox_KeyDown", SkillListBox_KeyDown);
-    AddOperation(table, "SkillSeparator_Action", SkillSeparator_Action);
+    AddRemovalOperations(table,
+                         {"SkillListBoxDeleteRow", "SkillRemoveButton_Action",
+                          "SkillListBox_KeyDown", "SkillSeparator_Action"},
+                         &CharacterSheet::SkillListBox);
 }
 
 }  // namespace zeph

@@ -1,7 +1,7 @@
 // Skills: the two-step chooser, the edit buffer with its sub-types and specialties, the level
 // arrows priced in creation points or in experience by cost class, recording into
 // SkillListBox (and storing the moves list of a Martial Arts or Lucid Dream skill), pulling a
-// row back, and removing rows.
+// row back, and removing rows (the removal operations every big list has, EntryLists.h).
 #pragma once
 
 #include <string>
@@ -22,10 +22,6 @@ void SkillUpDownArrows1_Up(CharacterSheet& sheet);
 void SkillUpDownArrows1_Down(CharacterSheet& sheet);
 void SkillRecordButton_Action(CharacterSheet& sheet);
 void SkillListBox_DoubleClick(CharacterSheet& sheet);
-void SkillListBoxDeleteRow(CharacterSheet& sheet);
-void SkillRemoveButton_Action(CharacterSheet& sheet);
-void SkillListBox_KeyDown(CharacterSheet& sheet, const std::string& key);
-void SkillSeparator_Action(CharacterSheet& sheet);
 
 void AddSkillOperations(OperationTable& table);
 

@@ -1,6 +1,7 @@
 #include <tuple>
 
 #include "rules/PointAccounting.h"
+#include "rules/PointSums.h"
 #include "support/SheetFixture.h"
 
 using namespace zeph;

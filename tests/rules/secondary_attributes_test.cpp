@@ -1,4 +1,5 @@
 #include "rules/PointAccounting.h"
+#include "rules/PointSums.h"
 #include "rules/SecondaryAttributes.h"
 #include "support/SheetFixture.h"
 

@@ -93,7 +93,7 @@ TEST_F(Skills, RowsComeBackAndGo) {
     sheet->SkillNameField.SetText("Typed");
     EXPECT_THROW(SkillRecordButton_Action(*sheet), std::out_of_range) << "a new sheet edits row 0";
     Pick("Knowledge", "Language");
-    SkillSeparator_Action(*sheet);
+    Do("SkillSeparator_Action");
     SkillRecordButton_Action(*sheet);
     sheet->SkillListBox.SetCell(1, 3, "4");
     Open(0);
@@ -103,10 +103,10 @@ TEST_F(Skills, RowsComeBackAndGo) {
     ExpectTexts("s_row=1");
 
     sheet->StrengthField.SetText("3");
-    SkillListBox_KeyDown(*sheet, "\x08");  // refunds, and the totals wait
+    Do("SkillListBox_KeyDown", "\x08");  // refunds, and the totals wait
     ExpectTexts("SavedExperienceField=4|SpentExperienceField=-4|StrengthTotal=0");
     EXPECT_EQ(sheet->SkillListBox.ListIndex(), 0);
-    SkillRemoveButton_Action(*sheet);  // the button recomputes
+    Do("SkillRemoveButton_Action");  // the button recomputes
     ExpectTexts("StrengthTotal=3");
 }
 
