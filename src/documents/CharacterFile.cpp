@@ -14,6 +14,7 @@
 #include "rules/PointSums.h"
 #include "rules/QualityBonuses.h"
 #include "sheet/CharacterSheet.h"
+#include "sheet/ListColumns.h"
 #include "text/TextHelpers.h"
 
 namespace zeph {
@@ -37,7 +38,6 @@ struct ListInFile {
 const ListInFile kListsInFile[] = {{&CharacterSheet::QualityListBox, "quality", 27},
                                    {&CharacterSheet::SkillListBox, "skill", 7},
                                    {&CharacterSheet::MetaListBox, "meta", 25}};
-constexpr int kNotesColumn = 4;
 
 struct StyledField {
     TextItem CharacterSheet::*item;
@@ -76,10 +76,10 @@ public:
     void Row(const char* name, const ListItem& list, int row) {
         xmlNode* element = XmlDocument::AppendIndented(root_, kChildIndent, name);
         for (int column = 0; column < list.ColumnCount(); ++column)
-            if (column != kNotesColumn)
+            if (column != EntryColumn::Notes)
                 XmlDocument::SetAttribute(element, "col" + Str(column), list.Cell(row, column));
-        if (!list.Cell(row, kNotesColumn).empty())
-            XmlDocument::AppendText(element, list.Cell(row, kNotesColumn));
+        if (!list.Cell(row, EntryColumn::Notes).empty())
+            XmlDocument::AppendText(element, list.Cell(row, EntryColumn::Notes));
     }
 
     void Moves(const char* name, const std::vector<std::string>& entries) {
@@ -238,7 +238,7 @@ void readRows(const Reader& in, CharacterSheet& sheet) {
             const XmlNode row = rows.Item(n);
             list.AddRow(row.Attribute("col0"));
             for (int column = 1; column <= inFile.readBound; ++column) {
-                if (column != kNotesColumn) {
+                if (column != EntryColumn::Notes) {
                     list.SetCell(n, column, row.Attribute("col" + Str(column)));
                 } else if (const auto notes = row.FirstChildValue()) {
                     list.SetCell(n, column, *notes);

@@ -5,6 +5,7 @@
 
 #include "ruledata/RuleData.h"
 #include "sheet/CharacterSheet.h"
+#include "sheet/ListColumns.h"
 #include "text/TextHelpers.h"
 
 namespace zeph {
@@ -143,12 +144,12 @@ std::string GenerateAltForms(CharacterSheet& sheet) {
     try {
         const ListItem& qualities = sheet.QualityListBox;
         for (int row = 0; row < qualities.ListCount(); ++row) {
-            const std::string form = NthField(qualities.Cell(row, 27), "&&", 3);
+            const std::string form = NthField(qualities.Cell(row, QualityColumn::AltForms), "&&", 3);
             if (!form.empty()) text += QualityBlock(sheet, form, figures);
         }
         const ListItem& metaphysics = sheet.MetaListBox;
         for (int row = 0; row < metaphysics.ListCount(); ++row) {
-            const std::string& type = metaphysics.Cell(row, 25);
+            const std::string& type = metaphysics.Cell(row, MetaColumn::AltFormType);
             if (type.empty()) continue;
             const std::string typePath = "//altforms/type[@value='" + type + "']/name";
             const XmlNodeList forms = sheet.Rules().Query(typePath);

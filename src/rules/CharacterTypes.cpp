@@ -5,6 +5,7 @@
 #include "rules/Qualities.h"
 #include "rules/SecondaryAttributes.h"
 #include "sheet/CharacterSheet.h"
+#include "sheet/ListColumns.h"
 #include "text/TextHelpers.h"
 
 namespace zeph {
@@ -91,7 +92,7 @@ void AddQualityFromCharType(CharacterSheet& sheet, const std::string& type,
         for (int f = 1; !applied.empty() && f <= CountFields(applied, "&&"); ++f) {
             const std::string name = NthField(applied, "&&", f);
             for (int row = 0; row < list.ListCount(); ++row)
-                if (EqualsNoCase(list.Cell(row, 0), name)) list.RemoveRow(row);
+                if (EqualsNoCase(list.Cell(row, EntryColumn::Name), name)) list.RemoveRow(row);
         }
 
         const std::string choicePath = choiceQuery(type, choice);
@@ -108,32 +109,36 @@ void AddQualityFromCharType(CharacterSheet& sheet, const std::string& type,
 
             list.AddRow(name);
             const int row = list.LastIndex();
-            list.SetCell(row, 1, "1");
+            list.SetCell(row, EntryColumn::Level, "1");
             if (auto costs = rules.Record(quality + "/costs")) {
-                list.SetCell(row, 2, costs->Attribute("creationcost"));
-                list.SetCell(row, 7, costs->Attribute("maxlevel"));
-                list.SetCell(row, 8,
+                list.SetCell(row, EntryColumn::Cost, costs->Attribute("creationcost"));
+                list.SetCell(row, QualityColumn::MaxLevel, costs->Attribute("maxlevel"));
+                list.SetCell(row, QualityColumn::CostPerLevel,
                              costs->Attribute("creationcost") + "/" +
                                  costs->Attribute("creationcost_highvalue"));
-                list.SetCell(row, 9,
+                list.SetCell(row, QualityColumn::XPCostPerLevel,
                              costs->Attribute("experiencecost") + "/" +
                                  costs->Attribute("experiencecost_highvalue"));
             }
             const std::pair<int, const char*> leaves[] = {
-                {4, "notes"}, {5, "pagereference"}, {6, "prerequisites"}};
+                {EntryColumn::Notes, "notes"},
+                {EntryColumn::Reference, "pagereference"},
+                {QualityColumn::Prerequisites, "prerequisites"}};
             for (const auto& [column, leaf] : leaves)
                 if (auto text = rules.Leaf(quality + "/" + leaf)) list.SetCell(row, column, *text);
             if (InStr(name, "Channeling") > 0 || InStr(name, "Sadicas") > 0 ||
                 EqualsNoCase(name, "Taint"))
-                list.SetCell(row, 10, name);
+                list.SetCell(row, QualityColumn::PoolMarker, name);
             if (auto bonus = rules.Record(quality + "/bonusattr"))
                 for (int a = 0; a < kAttributeCount; ++a)
-                    list.SetCell(row, 11 + a, bonus->Attribute(kAttributeKeys[a]));
+                    list.SetCell(row, QualityColumn::AttributeBonuses + a,
+                                 bonus->Attribute(kAttributeKeys[a]));
             if (auto points = rules.Record(quality + "/bonuspts"))
                 for (int i = 0; i < kQualityBonusPointCount; ++i)
-                    list.SetCell(row, 17 + i, points->Attribute(kQualityBonusPointKeys[i]));
+                    list.SetCell(row, QualityColumn::PointBonuses + i,
+                                 points->Attribute(kQualityBonusPointKeys[i]));
             if (InStr(name, "Taint Pool") > 0 || EqualsNoCase(name, "Taint"))
-                list.SetCell(row, 26, "5");
+                list.SetCell(row, QualityColumn::TaintPool, "5");
 
             if (auto key = rules.Leaf(choicePath + "/alternateform")) altFormKey = *key;
             XmlNodeList forms = rules.Query("//altforms/type[@value='" + altFormKey + "']/name");
@@ -141,7 +146,7 @@ void AddQualityFromCharType(CharacterSheet& sheet, const std::string& type,
                 std::vector<std::string> names;
                 for (int i = 0; i < forms.Count(); ++i)
                     names.push_back(forms.Item(i).Attribute("value"));
-                list.SetCell(row, 27, altFormKey + "&&" + JoinFields(names, ",") + "&&");
+                list.SetCell(row, QualityColumn::AltForms, altFormKey + "&&" + JoinFields(names, ",") + "&&");
             }
         }
     } catch (const XmlError& failure) {

@@ -4,6 +4,7 @@
 #include "ruledata/RuleData.h"
 #include "rules/EntryLists.h"
 #include "sheet/CharacterSheet.h"
+#include "sheet/ListColumns.h"
 #include "text/TextHelpers.h"
 
 namespace zeph {
@@ -22,7 +23,7 @@ double freePoints(CharacterSheet& sheet) {
     double free =
         static_cast<double>(MultiplyWhole(Whole(sheet.SkillLevelField.Text()), visual ? 4 : 3));
     for (int row = 0; row < moves.ListCount(); ++row)
-        if (visual || !moves.CellBold(row, 0)) free -= Val(moves.Cell(row, 1));
+        if (visual || !moves.CellBold(row, MoveColumn::Name)) free -= Val(moves.Cell(row, MoveColumn::Level));
     return free;
 }
 
@@ -38,9 +39,9 @@ void refund(CharacterSheet& sheet, double experience) {
 void increase(CharacterSheet& sheet, int selected) {
     ListItem& moves = sheet.SkillMartialVisualListBox;
     const bool hasRow = selected > -1;
-    const double level = hasRow ? Val(moves.Cell(selected, 1)) : 0;
+    const double level = hasRow ? Val(moves.Cell(selected, MoveColumn::Level)) : 0;
     if (freePoints(sheet) > 0) {
-        if (hasRow && level < levelCap(sheet)) moves.SetCell(selected, 1, Str(level + 1));
+        if (hasRow && level < levelCap(sheet)) moves.SetCell(selected, MoveColumn::Level, Str(level + 1));
         return;
     }
     const double cost = static_cast<double>(Whole(level)) + 1;
@@ -49,39 +50,39 @@ void increase(CharacterSheet& sheet, int selected) {
         return;
     }
     if (!hasRow || level >= levelCap(sheet)) return;
-    moves.SetCell(selected, 1, Str(level + 1));
+    moves.SetCell(selected, MoveColumn::Level, Str(level + 1));
     // A basic move rises at no charge.
-    if (moves.CellBold(selected, 0)) return;
-    moves.SetCell(selected, 2, Str(Val(moves.Cell(selected, 2)) + level + 1));
+    if (moves.CellBold(selected, MoveColumn::Name)) return;
+    moves.SetCell(selected, MoveColumn::Experience, Str(Val(moves.Cell(selected, MoveColumn::Experience)) + level + 1));
     refund(sheet, -(level + 1));
 }
 
 void decrease(CharacterSheet& sheet, int selected) {
     ListItem& moves = sheet.SkillMartialVisualListBox;
-    if (moves.Cell(selected, 1) == "1") {
-        refund(sheet, Val(moves.Cell(selected, 2)));
+    if (moves.Cell(selected, MoveColumn::Level) == "1") {
+        refund(sheet, Val(moves.Cell(selected, MoveColumn::Experience)));
         moves.RemoveRow(selected);
         return;
     }
-    const double level = Val(moves.Cell(selected, 1));
-    if (Val(moves.Cell(selected, 2)) >= level) {
-        moves.SetCell(selected, 2, Str(Val(moves.Cell(selected, 2)) - level));
+    const double level = Val(moves.Cell(selected, MoveColumn::Level));
+    if (Val(moves.Cell(selected, MoveColumn::Experience)) >= level) {
+        moves.SetCell(selected, MoveColumn::Experience, Str(Val(moves.Cell(selected, MoveColumn::Experience)) - level));
         refund(sheet, level);
     }
-    moves.SetCell(selected, 1, Str(level - 1));
+    moves.SetCell(selected, MoveColumn::Level, Str(level - 1));
 }
 
 void toggleBasicMove(ListItem& moves, int selected) {
-    const bool basic = moves.CellBold(selected, 0);
-    std::string name = moves.Cell(selected, 0);
+    const bool basic = moves.CellBold(selected, MoveColumn::Name);
+    std::string name = moves.Cell(selected, MoveColumn::Name);
     if (basic) {
         std::erase(name, '*');
     } else {
         name = "*" + name;
     }
-    moves.SetCell(selected, 0, name);
-    moves.SetCellBold(selected, 0, !basic);
-    moves.SetCellBold(selected, 1, !basic);
+    moves.SetCell(selected, MoveColumn::Name, name);
+    moves.SetCellBold(selected, MoveColumn::Name, !basic);
+    moves.SetCellBold(selected, MoveColumn::Level, !basic);
 }
 
 void addMove(CharacterSheet& sheet, const std::string& name) {
@@ -97,8 +98,8 @@ void addMove(CharacterSheet& sheet, const std::string& name) {
         experience = "6";
     }
     moves.AddRow(name);
-    moves.SetCell(moves.LastIndex(), 1, "1");
-    moves.SetCell(moves.LastIndex(), 2, experience);
+    moves.SetCell(moves.LastIndex(), MoveColumn::Level, "1");
+    moves.SetCell(moves.LastIndex(), MoveColumn::Experience, experience);
 }
 
 }  // namespace
@@ -141,7 +142,7 @@ void SkillMartialVisualListBox_ContextualMenuAction(CharacterSheet& sheet,
         if (selected > -1) decrease(sheet, selected);
     } else if (EqualsNoCase(item, "Delete Item")) {
         if (selected > -1) {
-            refund(sheet, Val(moves.Cell(selected, 2)));
+            refund(sheet, Val(moves.Cell(selected, MoveColumn::Experience)));
             moves.RemoveRow(selected);
         }
     } else if (EqualsNoCase(item, "Toggle Basic Move")) {

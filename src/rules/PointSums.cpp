@@ -2,6 +2,7 @@
 
 #include "ruledata/DataModule.h"
 #include "sheet/CharacterSheet.h"
+#include "sheet/ListColumns.h"
 #include "text/TextHelpers.h"
 
 namespace zeph {
@@ -13,7 +14,7 @@ enum class Sign { Positive, Negative, Any };
 std::string sumCosts(const ListItem& list, Sign sign) {
     double sum = 0;
     for (int row = 0; row < list.ListCount(); ++row) {
-        double cost = Val(list.Cell(row, 2));
+        double cost = Val(list.Cell(row, EntryColumn::Cost));
         if ((sign == Sign::Positive && cost > 0) || (sign == Sign::Negative && cost < 0) ||
             sign == Sign::Any)
             sum += cost;
@@ -56,8 +57,8 @@ std::int64_t CalcSkillPts(CharacterSheet& sheet) {
     std::int64_t resources = 0;
     bool hasAgeQuality = false;
     for (int row = 0; row < qualities.ListCount(); ++row) {
-        const std::string& name = qualities.Cell(row, 0);
-        const std::int64_t level = Whole(qualities.Cell(row, 1));
+        const std::string& name = qualities.Cell(row, EntryColumn::Name);
+        const std::int64_t level = Whole(qualities.Cell(row, EntryColumn::Level));
         if (EqualsNoCase(Left(name, 14), "Status Quality")) status = AddWhole(status, level);
         if (EqualsNoCase(Left(name, 17), "Resources Quality"))
             resources = AddWhole(resources, level);
@@ -80,7 +81,7 @@ std::int64_t CalcAgeAttrbPenalty(CharacterSheet& sheet) {
     const ListItem& qualities = sheet.QualityListBox;
     bool hasAgeQuality = false;
     for (int row = 0; row < qualities.ListCount(); ++row)
-        if (EqualsNoCase(qualities.Cell(row, 0), "Age")) hasAgeQuality = true;
+        if (EqualsNoCase(qualities.Cell(row, EntryColumn::Name), "Age")) hasAgeQuality = true;
     // "Human" is deliberately missing here, unlike in the skill rule.
     if (hasAgeQuality || !typeIsOneOf(sheet.CharacterTypePopup.Text(), {"Gifted", "Mundane"}))
         return 0;

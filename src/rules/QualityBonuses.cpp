@@ -1,6 +1,7 @@
 #include "rules/QualityBonuses.h"
 
 #include "sheet/CharacterSheet.h"
+#include "sheet/ListColumns.h"
 #include "text/TextHelpers.h"
 
 namespace zeph {
@@ -13,8 +14,8 @@ void QualityGetBonus(CharacterSheet& sheet) {
     double sadicas = 0;
 
     for (int row = 0; row < qualities.ListCount(); ++row) {
-        const double level = Val(qualities.Cell(row, 1));
-        const std::string& marker = qualities.Cell(row, 10);
+        const double level = Val(qualities.Cell(row, EntryColumn::Level));
+        const std::string& marker = qualities.Cell(row, QualityColumn::PoolMarker);
         if (!marker.empty()) {
             if (InStr(marker, "Essence Channeling") > 0) essenceChanneling += level;
             if (InStr(marker, "Taint Channeling") > 0) taintChanneling += level;
@@ -24,7 +25,7 @@ void QualityGetBonus(CharacterSheet& sheet) {
             if (EqualsNoCase(marker, "Adept")) sadicas += Val(sheet.IntelligenceTotal.Text());
         }
         for (int a = 0; a < kAttributeCount; ++a)
-            attributeSums[a] += Val(qualities.Cell(row, 11 + a)) * level;
+            attributeSums[a] += Val(qualities.Cell(row, QualityColumn::AttributeBonuses + a)) * level;
     }
 
     std::string summary;

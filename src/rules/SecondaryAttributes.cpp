@@ -9,6 +9,7 @@
 #include "rules/PointSums.h"
 #include "rules/QualityBonuses.h"
 #include "sheet/CharacterSheet.h"
+#include "sheet/ListColumns.h"
 #include "text/TextHelpers.h"
 
 namespace zeph {
@@ -34,20 +35,25 @@ class BonusPass {
 
     void Row(int row) {
         const ListItem& list = s_.QualityListBox;
-        const double level = Val(list.Cell(row, 1));
+        const double level = Val(list.Cell(row, EntryColumn::Level));
         auto cell = [&](int column) -> const std::string& { return list.Cell(row, column); };
-        const std::string& metaColumn = cell(19);
+        const std::string& metaColumn = cell(QualityColumn::MetaBonus);
 
-        addCut(sums_.skill, expression(cell(17), metaColumn, false, level));
-        if (s_.OptionalSkillPointBox.Value()) addCut(sums_.skill, Val(cell(18)) * level);
+        addCut(sums_.skill, expression(cell(QualityColumn::SkillBonus), metaColumn, false, level));
+        if (s_.OptionalSkillPointBox.Value())
+            addCut(sums_.skill, Val(cell(QualityColumn::OptionalSkillBonus)) * level);
         addCut(sums_.meta, expression(metaColumn, metaColumn, true, level));
-        if (CountFields(cell(20), "&&") > 1)
-            addCut(sums_.attribute, Val(NthField(cell(20), "&&", 2)) * level);
-        addCut(sums_.essence, expression(cell(21), metaColumn, false, level));
+        const std::string& attribute = cell(QualityColumn::AttributeBonus);
+        if (CountFields(attribute, "&&") > 1)
+            addCut(sums_.attribute, Val(NthField(attribute, "&&", 2)) * level);
+        addCut(sums_.essence,
+               expression(cell(QualityColumn::EssenceAttributeBonus), metaColumn, false, level));
         std::int64_t* flat[] = {&sums_.essence, &sums_.life, &sums_.speed, &sums_.endurance,
                                 &sums_.taintPool};
-        for (int i = 0; i < 5; ++i)
-            if (!cell(22 + i).empty()) addCut(*flat[i], Val(cell(22 + i)) * level);
+        for (int i = 0; i < 5; ++i) {
+            const std::string& bonus = cell(QualityColumn::EssenceBonus + i);
+            if (!bonus.empty()) addCut(*flat[i], Val(bonus) * level);
+        }
     }
 
   private:

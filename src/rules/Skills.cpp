@@ -67,7 +67,7 @@ void storeMoves(CharacterSheet& sheet) {
                                           : sheet.martialmaneuvers;
     store.clear();
     for (int row = moves.ListCount() - 1; row >= 0; --row)
-        store.push_back(moves.Cell(row, 0) + "," + moves.Cell(row, 1) + "," + moves.Cell(row, 2));
+        store.push_back(moves.Cell(row, MoveColumn::Name) + "," + moves.Cell(row, MoveColumn::Level) + "," + moves.Cell(row, MoveColumn::Experience));
     moves.DeleteAllRows();
     moves.SetVisible(false);
 }
@@ -78,12 +78,12 @@ void reopenMoves(CharacterSheet& sheet, const std::vector<std::string>& store, b
     for (auto element = store.rbegin(); element != store.rend(); ++element) {
         moves.AddRow(NthField(*element, ",", 1));
         const int row = moves.LastIndex();
-        moves.SetCell(row, 1, NthField(*element, ",", 2));
+        moves.SetCell(row, MoveColumn::Level, NthField(*element, ",", 2));
         if (markBasic && InStr(*element, "*") > 0) {
-            moves.SetCellBold(row, 0, true);
-            moves.SetCellBold(row, 1, true);
+            moves.SetCellBold(row, MoveColumn::Name, true);
+            moves.SetCellBold(row, MoveColumn::Level, true);
         }
-        moves.SetCell(row, 2, NthField(*element, ",", 3));
+        moves.SetCell(row, MoveColumn::Experience, NthField(*element, ",", 3));
     }
 }
 
@@ -149,9 +149,9 @@ void SkillSelectPopup_Change(CharacterSheet& sheet) {
     for (int f = 1; f <= CountFields(*names, ","); ++f) {
         moves.AddRow("*" + NthField(*names, ",", f));
         const int row = moves.LastIndex();
-        moves.SetCell(row, 1, sheet.SkillLevelField.Text());
-        moves.SetCellBold(row, 0, true);
-        moves.SetCellBold(row, 1, true);
+        moves.SetCell(row, MoveColumn::Level, sheet.SkillLevelField.Text());
+        moves.SetCellBold(row, MoveColumn::Name, true);
+        moves.SetCellBold(row, MoveColumn::Level, true);
     }
 }
 
