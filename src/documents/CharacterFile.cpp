@@ -62,7 +62,7 @@ std::string yesNo(bool value) { return value ? "yes" : "no"; }
 
 // The writing side: each child of the root behind its whitespace node.
 class Writer {
-public:
+  public:
     explicit Writer(xmlNode* root) : root_(root) {}
 
     xmlNode* Element(const std::string& name,
@@ -94,7 +94,7 @@ public:
         if (!item.Text().empty()) ConvertStyledTextToXML(item.Styled(), root_, field.element);
     }
 
-private:
+  private:
     xmlNode* root_;
 };
 
@@ -108,13 +108,15 @@ void writeCharacter(CharacterSheet& sheet, XmlDocument& document) {
     XmlDocument::SetAttribute(root, "books", sheet.Data().zephalondata);
 
     Writer out(root);
-    if (!sheet.PlayerField.Text().empty()) out.Element("player", {{"name", sheet.PlayerField.Text()}});
+    if (!sheet.PlayerField.Text().empty())
+        out.Element("player", {{"name", sheet.PlayerField.Text()}});
     if (!sheet.ConceptBox.Text().empty())
         out.Element("concept", {{"concept", sheet.ConceptBox.Text()}});
     out.Element("charactertype", {{"type", sheet.CharacterTypePopup.Text()},
                                   {"choice", sheet.ChooseCharPopup.Text()}});
     if (!sheet.AssociationCombo.Text().empty() || !sheet.AssociationField.Text().empty()) {
-        xmlNode* association = out.Element("association", {{"name", sheet.AssociationCombo.Text()}});
+        xmlNode* association =
+            out.Element("association", {{"name", sheet.AssociationCombo.Text()}});
         if (!sheet.AssociationField.Text().empty())
             XmlDocument::AppendText(association, sheet.AssociationField.Text());
     }
@@ -131,9 +133,10 @@ void writeCharacter(CharacterSheet& sheet, XmlDocument& document) {
     if (sheet.DPField.Visible()) {
         out.Element("dramapoints", {{"points", sheet.DPField.Text()}});
     } else {
-        out.Element("endurance",
-                    {{"bonus", sheet.EnduranceBonus.Text()}, {"total", sheet.EnduranceTotal.Text()}});
-        out.Element("speed", {{"bonus", sheet.SpeedBonus.Text()}, {"total", sheet.SpeedTotal.Text()}});
+        out.Element("endurance", {{"bonus", sheet.EnduranceBonus.Text()},
+                                  {"total", sheet.EnduranceTotal.Text()}});
+        out.Element("speed",
+                    {{"bonus", sheet.SpeedBonus.Text()}, {"total", sheet.SpeedTotal.Text()}});
         out.Element("essence",
                     {{"bonus", sheet.EssenceBonus.Text()}, {"total", sheet.EssenceTotal.Text()}});
     }
@@ -172,7 +175,7 @@ void writeCharacter(CharacterSheet& sheet, XmlDocument& document) {
 
 // The reading side: every element is found by a `//name` query, and the first match counts.
 class Reader {
-public:
+  public:
     explicit Reader(const RuleData& document) : document_(document) {}
 
     XmlNodeList All(const std::string& name) const { return document_.Query("//" + name); }
@@ -185,7 +188,8 @@ public:
               std::initializer_list<std::pair<const char*, TextItem*>> attributes) const {
         const auto element = First(name);
         if (!element) return false;
-        for (const auto& [attribute, item] : attributes) item->SetText(element->Attribute(attribute));
+        for (const auto& [attribute, item] : attributes)
+            item->SetText(element->Attribute(attribute));
         return true;
     }
 
@@ -207,7 +211,7 @@ public:
         return true;
     }
 
-private:
+  private:
     const RuleData& document_;
 };
 
@@ -290,7 +294,8 @@ void fillItems(const Reader& in, CharacterSheet& sheet) {
                   !EqualsNoCase(sheet.EssenceTotal.Text(), "0"));
     if (const auto extra = in.First("extrastats"))
         if (const auto text = extra->FirstChildValue()) sheet.ExtraStatsField.SetText(*text);
-    if (const auto mental = in.First("mentalbonus")) sheet.mentalBonus = Whole(mental->Attribute("value"));
+    if (const auto mental = in.First("mentalbonus"))
+        sheet.mentalBonus = Whole(mental->Attribute("value"));
     if (const auto physical = in.First("physicalbonus"))
         sheet.physicalBonus = Whole(physical->Attribute("value"));
     if (const auto optional = in.First("optionalpointsystem"))
@@ -323,7 +328,8 @@ void fillItems(const Reader& in, CharacterSheet& sheet) {
     in.Styled(kEquipmentField, sheet);
     // The journal's plain lines are written for the stylesheets and never read back.
     if (in.Styled(kJournalField, sheet)) sheet.JournalField.SetVisible(false);
-    if (const auto portrait = in.First("portrait")) sheet.portraitPath = portrait->Attribute("path");
+    if (const auto portrait = in.First("portrait"))
+        sheet.portraitPath = portrait->Attribute("path");
 }
 
 void closeCharacter(CharacterSheet& sheet) { sheet.characterClosed = true; }
@@ -337,9 +343,9 @@ std::string BookWarning(const std::string& characterBooks, const std::string& lo
     if (found == CountFields(loadedBooks, " ")) return "";
 
     static const std::pair<const char*, const char*> kLongNames[] = {
-        {"Arm", "Armageddon"},        {"AFMBE", "All Flesh Must Be Eaten"},
-        {"AC", "Abomination Codex"},  {"Hod", "Book of Hod"},
-        {"MC", "Mystery Codex"},      {"WC", "Witchcraft"}};
+        {"Arm", "Armageddon"},       {"AFMBE", "All Flesh Must Be Eaten"},
+        {"AC", "Abomination Codex"}, {"Hod", "Book of Hod"},
+        {"MC", "Mystery Codex"},     {"WC", "Witchcraft"}};
     std::string warning =
         "The data file you have loaded does not support the character you chose to open. The "
         "character will be opened, but you should load a data file with the following listed "
@@ -356,8 +362,10 @@ std::string BookWarning(const std::string& characterBooks, const std::string& lo
 void LoadXMLCharSheet(CharacterSheet& sheet, const std::string& path) {
     Platform& platform = sheet.Host();
     std::optional<std::string> file;
-    if (IsExistingFile(path)) file = path;
-    else file = platform.OpenFileDialog(FileTypes::Text, "");
+    if (IsExistingFile(path))
+        file = path;
+    else
+        file = platform.OpenFileDialog(FileTypes::Text, "");
     if (!file) {
         sheet.savedChar = true;
         return closeCharacter(sheet);

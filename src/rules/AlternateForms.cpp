@@ -32,8 +32,7 @@ std::string AttributeLines(const std::string& form, const FormFigures& f) {
     auto pair = [&](Attribute a) {
         return std::string(kAttributeNames[a]) + ": " + Str(static_cast<double>(f[a]));
     };
-    return Line(form) +
-           Line(pair(Strength) + " " + pair(Dexterity) + " " + pair(Constitution)) +
+    return Line(form) + Line(pair(Strength) + " " + pair(Dexterity) + " " + pair(Constitution)) +
            Line(pair(Intelligence) + " " + pair(Perception) + " " + pair(Willpower));
 }
 
@@ -144,7 +143,8 @@ std::string GenerateAltForms(CharacterSheet& sheet) {
     try {
         const ListItem& qualities = sheet.QualityListBox;
         for (int row = 0; row < qualities.ListCount(); ++row) {
-            const std::string form = NthField(qualities.Cell(row, QualityColumn::AltForms), "&&", 3);
+            const std::string form =
+                NthField(qualities.Cell(row, QualityColumn::AltForms), "&&", 3);
             if (!form.empty()) text += QualityBlock(sheet, form, figures);
         }
         const ListItem& metaphysics = sheet.MetaListBox;

@@ -146,7 +146,8 @@ void AddQualityFromCharType(CharacterSheet& sheet, const std::string& type,
                 std::vector<std::string> names;
                 for (int i = 0; i < forms.Count(); ++i)
                     names.push_back(forms.Item(i).Attribute("value"));
-                list.SetCell(row, QualityColumn::AltForms, altFormKey + "&&" + JoinFields(names, ",") + "&&");
+                list.SetCell(row, QualityColumn::AltForms,
+                             altFormKey + "&&" + JoinFields(names, ",") + "&&");
             }
         }
     } catch (const XmlError& failure) {

@@ -70,15 +70,15 @@ void TakeLeaf(const RuleData& rules, const std::string& path, TextItem& item) {
     item.SetText(rules.Leaf(path).value_or(""));
 }
 
-void ReadBonuses(const RuleData& rules, const std::string& path,
-                 std::span<const char* const> keys, std::span<std::int64_t> values) {
+void ReadBonuses(const RuleData& rules, const std::string& path, std::span<const char* const> keys,
+                 std::span<std::int64_t> values) {
     auto node = rules.Record(path);
     for (std::size_t i = 0; i < keys.size(); ++i)
         values[i] = node ? Whole(node->Attribute(keys[i])) : 0;
 }
 
-bool ReadBonuses(const RuleData& rules, const std::string& path,
-                 std::span<const char* const> keys, std::span<std::string> values) {
+bool ReadBonuses(const RuleData& rules, const std::string& path, std::span<const char* const> keys,
+                 std::span<std::string> values) {
     auto node = rules.Record(path);
     for (std::size_t i = 0; i < keys.size(); ++i) values[i] = node ? node->Attribute(keys[i]) : "";
     return node.has_value();
@@ -184,7 +184,8 @@ void AddRemovalOperations(OperationTable& table, const RemovalOperationNames& na
                              [deleteRows](CharacterSheet& sheet, const std::string& key) {
                                  if (IsDeleteKey(key)) deleteRows(sheet);
                              });
-    AddOperation(table, names.separator, [list](CharacterSheet& sheet) { (sheet.*list).AddRow("--"); });
+    AddOperation(table, names.separator,
+                 [list](CharacterSheet& sheet) { (sheet.*list).AddRow("--"); });
 }
 
 void AddToNumber(TextItem& item, double amount) { item.SetText(Str(Val(item.Text()) + amount)); }

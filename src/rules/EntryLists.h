@@ -70,10 +70,10 @@ std::string ChosenNamePath(const std::string& typeQuery, const ComboItem& type,
 void TakeLeaf(const RuleData& rules, const std::string& path, TextItem& item);
 // The whole numbers or the texts of the attributes `keys` of the first node at `path`: 0 or ""
 // each without one. The second answers whether there was a node.
-void ReadBonuses(const RuleData& rules, const std::string& path,
-                 std::span<const char* const> keys, std::span<std::int64_t> values);
-bool ReadBonuses(const RuleData& rules, const std::string& path,
-                 std::span<const char* const> keys, std::span<std::string> values);
+void ReadBonuses(const RuleData& rules, const std::string& path, std::span<const char* const> keys,
+                 std::span<std::int64_t> values);
+bool ReadBonuses(const RuleData& rules, const std::string& path, std::span<const char* const> keys,
+                 std::span<std::string> values);
 
 // The running costs and the per-level prices from a rule data `costs` node: the per-level
 // texts are "creation/high" and "experience/high", with "-" for the high price when the

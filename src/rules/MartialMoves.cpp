@@ -23,7 +23,8 @@ double freePoints(CharacterSheet& sheet) {
     double free =
         static_cast<double>(MultiplyWhole(Whole(sheet.SkillLevelField.Text()), visual ? 4 : 3));
     for (int row = 0; row < moves.ListCount(); ++row)
-        if (visual || !moves.CellBold(row, MoveColumn::Name)) free -= Val(moves.Cell(row, MoveColumn::Level));
+        if (visual || !moves.CellBold(row, MoveColumn::Name))
+            free -= Val(moves.Cell(row, MoveColumn::Level));
     return free;
 }
 
@@ -41,7 +42,8 @@ void increase(CharacterSheet& sheet, int selected) {
     const bool hasRow = selected > -1;
     const double level = hasRow ? Val(moves.Cell(selected, MoveColumn::Level)) : 0;
     if (freePoints(sheet) > 0) {
-        if (hasRow && level < levelCap(sheet)) moves.SetCell(selected, MoveColumn::Level, Str(level + 1));
+        if (hasRow && level < levelCap(sheet))
+            moves.SetCell(selected, MoveColumn::Level, Str(level + 1));
         return;
     }
     const double cost = static_cast<double>(Whole(level)) + 1;
@@ -53,7 +55,8 @@ void increase(CharacterSheet& sheet, int selected) {
     moves.SetCell(selected, MoveColumn::Level, Str(level + 1));
     // A basic move rises at no charge.
     if (moves.CellBold(selected, MoveColumn::Name)) return;
-    moves.SetCell(selected, MoveColumn::Experience, Str(Val(moves.Cell(selected, MoveColumn::Experience)) + level + 1));
+    moves.SetCell(selected, MoveColumn::Experience,
+                  Str(Val(moves.Cell(selected, MoveColumn::Experience)) + level + 1));
     refund(sheet, -(level + 1));
 }
 
@@ -66,7 +69,8 @@ void decrease(CharacterSheet& sheet, int selected) {
     }
     const double level = Val(moves.Cell(selected, MoveColumn::Level));
     if (Val(moves.Cell(selected, MoveColumn::Experience)) >= level) {
-        moves.SetCell(selected, MoveColumn::Experience, Str(Val(moves.Cell(selected, MoveColumn::Experience)) - level));
+        moves.SetCell(selected, MoveColumn::Experience,
+                      Str(Val(moves.Cell(selected, MoveColumn::Experience)) - level));
         refund(sheet, level);
     }
     moves.SetCell(selected, MoveColumn::Level, Str(level - 1));

@@ -141,9 +141,7 @@ bool prerequisitesMet(CharacterSheet& sheet) {
 
 }  // namespace
 
-void LoadMetaTypes(CharacterSheet& sheet) {
-    LoadChoices(sheet, sheet.MetaTypePopup, kTypeQuery);
-}
+void LoadMetaTypes(CharacterSheet& sheet) { LoadChoices(sheet, sheet.MetaTypePopup, kTypeQuery); }
 
 void MetaTypePopup_Change(CharacterSheet& sheet) {
     // No handler of its own: a failure goes to the application's.

@@ -77,7 +77,8 @@ bool prerequisitesMet(CharacterSheet& sheet) {
 void writePoolMarker(ListItem& list, int row) {
     const std::string name = list.Cell(row, EntryColumn::Name);
     const int marker = QualityColumn::PoolMarker;
-    if (InStr(name, "Channeling") > 0 || InStr(name, "Sadicas") > 0) list.SetCell(row, marker, name);
+    if (InStr(name, "Channeling") > 0 || InStr(name, "Sadicas") > 0)
+        list.SetCell(row, marker, name);
     if (EqualsNoCase(name, "Taint") || EqualsNoCase(name, "Taint Channeling"))
         list.SetCell(row, marker, "Taint Channeling");
     if (EqualsNoCase(name, "Adept")) list.SetCell(row, marker, "Adept");
@@ -123,7 +124,9 @@ void readAltForms(CharacterSheet& sheet, const std::string& column) {
 
 }  // namespace
 
-void LoadQualityTypes(CharacterSheet& sheet) { LoadChoices(sheet, sheet.QualityTypePopup, kTypeQuery); }
+void LoadQualityTypes(CharacterSheet& sheet) {
+    LoadChoices(sheet, sheet.QualityTypePopup, kTypeQuery);
+}
 
 void QualityTypePopup_Change(CharacterSheet& sheet) {
     // No handler of its own: a failure goes to the application's.
@@ -134,7 +137,8 @@ void PopulateQualityInfo(CharacterSheet& sheet) {
     const RuleData& rules = sheet.Rules();
     try {
         sheet.QualityNameField.SetText(sheet.QualityPopup.Text());
-        const std::string path = ChosenNamePath(kTypeQuery, sheet.QualityTypePopup, sheet.QualityPopup);
+        const std::string path =
+            ChosenNamePath(kTypeQuery, sheet.QualityTypePopup, sheet.QualityPopup);
         if (auto costs = rules.Record(path + "/costs")) fillCosts(sheet, *costs);
         TakeLeaf(rules, path + "/pagereference", sheet.QualityReferenceField);
         TakeLeaf(rules, path + "/prerequisites", sheet.QualityPrerequisiteField);
@@ -219,7 +223,8 @@ void SeparateQD(CharacterSheet& sheet) {
     int limit = list.ListCount();
     int index = 0;
     while (index < limit) {
-        if (Val(list.Cell(index, EntryColumn::Cost)) + Val(list.Cell(index, EntryColumn::XPCost)) < 0) {
+        if (Val(list.Cell(index, EntryColumn::Cost)) + Val(list.Cell(index, EntryColumn::XPCost)) <
+            0) {
             list.AddRow(list.Cell(index, EntryColumn::Name));
             const int copy = list.LastIndex();
             for (int column = 1; column < list.ColumnCount(); ++column)

@@ -25,7 +25,8 @@ void QualityGetBonus(CharacterSheet& sheet) {
             if (EqualsNoCase(marker, "Adept")) sadicas += Val(sheet.IntelligenceTotal.Text());
         }
         for (int a = 0; a < kAttributeCount; ++a)
-            attributeSums[a] += Val(qualities.Cell(row, QualityColumn::AttributeBonuses + a)) * level;
+            attributeSums[a] +=
+                Val(qualities.Cell(row, QualityColumn::AttributeBonuses + a)) * level;
     }
 
     std::string summary;

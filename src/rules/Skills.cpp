@@ -67,7 +67,9 @@ void storeMoves(CharacterSheet& sheet) {
                                           : sheet.martialmaneuvers;
     store.clear();
     for (int row = moves.ListCount() - 1; row >= 0; --row)
-        store.push_back(moves.Cell(row, MoveColumn::Name) + "," + moves.Cell(row, MoveColumn::Level) + "," + moves.Cell(row, MoveColumn::Experience));
+        store.push_back(moves.Cell(row, MoveColumn::Name) + "," +
+                        moves.Cell(row, MoveColumn::Level) + "," +
+                        moves.Cell(row, MoveColumn::Experience));
     moves.DeleteAllRows();
     moves.SetVisible(false);
 }

@@ -1,5 +1,6 @@
-// The columns of the three big lists and of the moves list, by what they hold. The first six mean the same in all
-// three; the others are each list's own. A run of bonuses takes the columns from its first on.
+// The columns of the three big lists and of the moves list, by what they hold. The first six mean
+// the same in all three; the others are each list's own. A run of bonuses takes the columns from
+// its first on.
 #pragma once
 
 namespace zeph {
@@ -13,9 +14,9 @@ inline constexpr int Prerequisites = 6, MaxLevel = 7, CostPerLevel = 8, XPCostPe
                      PoolMarker = 10, AttributeBonuses = 11, PointBonuses = 17, TaintPool = 26,
                      AltForms = 27;
 // The point bonuses one by one, in the order of the rule data's bonuspts attributes.
-inline constexpr int SkillBonus = 17, OptionalSkillBonus = 18, MetaBonus = 19,
-                     AttributeBonus = 20, EssenceAttributeBonus = 21, EssenceBonus = 22;
-}
+inline constexpr int SkillBonus = 17, OptionalSkillBonus = 18, MetaBonus = 19, AttributeBonus = 20,
+                     EssenceAttributeBonus = 21, EssenceBonus = 22;
+}  // namespace QualityColumn
 
 namespace SkillColumn {
 inline constexpr int Type = 6, SubTypes = 7;
