@@ -108,96 +108,131 @@ Item& ScriptRunner::item(const std::string& name) {
     return *found;
 }
 
-void ScriptRunner::runLine(const std::string& line) {
-    auto [command, rest] = firstWord(line);
-    if (command == "data") {
-        data_.datafilepath = AbsolutePath(rest);
-        app_.doneloading = app_.LoadDataFile(data_.datafilepath);
-        return;
-    }
-    if (command == "save") {
-        platform_.QueueAnswer(rest);
-        return SaveAsFile(*sheet_);
-    }
-    if (command == "open") return openCharacter(rest);
-    if (command == "tool") {
-        auto [kind, name] = firstWord(rest);
-        return openTool(kind, name);
-    }
-    if (command == "sheet") {
-        tool_ = nullptr;
-        return rebase();
-    }
-    if (command == "rolls") {
-        for (const std::string& draw : SplitFields(rest, ' ')) {
-            if (draw.empty()) continue;
-            if (draw.find_first_not_of("0123456789") != std::string::npos)
-                throw ScriptError{"rolls takes whole numbers, not " + draw};
-            rolls_.Queue(static_cast<int>(Whole(draw)));
-        }
-        return;
-    }
-    if (command == "answer") {
-        platform_.QueueAnswer(UnescapeLineEnds(rest));
-        return;
-    }
-    if (command == "do") {
-        auto [name, argument] = firstWord(rest);
-        doOperation(name, UnescapeLineEnds(argument));
-        return;
-    }
-    if (command == "print") {
-        for (const auto& [name, value] : values(rest)) out_ << name << " = " << value << "\n";
-        return;
-    }
-    if (command == "expect") {
-        auto [name, expected] = firstWord(rest);
-        if (name == "changed") return expectChanged(expected);
-        std::vector<std::string> shown;
-        for (const auto& value : values(name)) shown.push_back(value.second);
-        std::string actual = JoinFields(shown, "\\n");
-        if (actual != expected) {
-            expectationFailed_ = true;
-            out_ << "line " << lineNumber_ << ": expected " << name << " = " << expected << "\n"
-                 << "line " << lineNumber_ << ": got      " << name << " = " << actual << "\n";
-        }
-        return;
-    }
+template <void (ScriptRunner::*act)(const std::string&, const std::string&)>
+void ScriptRunner::splitAtFirstWord(ScriptRunner& runner, const std::string& rest) {
+    auto [word, more] = firstWord(rest);
+    (runner.*act)(word, more);
+}
 
-    auto [name, text] = firstWord(rest);
-    if (command == "set") {
-        if (const std::size_t bracket = name.find('['); bracket != std::string::npos)
-            return setRow(name.substr(0, bracket), name.substr(bracket + 1), UnescapeLineEnds(text));
-        if (const auto* property = tool_ ? nullptr : sheet_->Properties().Find(name)) {
-            property->set(UnescapeLineEnds(text));
-            return;
-        }
-        Item& target = item(name);
-        if (auto* textItem = dynamic_cast<TextItem*>(&target)) textItem->SetText(UnescapeLineEnds(text));
-        else if (auto* combo = dynamic_cast<ComboItem*>(&target)) combo->SetText(UnescapeLineEnds(text));
-        else throw ScriptError{"cannot set " + name + "; use flag or select"};
-    } else if (command == "choose") {
-        auto* combo = dynamic_cast<ComboItem*>(&item(name));
-        if (combo == nullptr) throw ScriptError{name + " is not a combo or choice"};
-        const std::string wanted = UnescapeLineEnds(text);
-        for (int row = 0; row < combo->ListCount(); ++row)
-            if (combo->List(row) == wanted) return combo->SetListIndex(row);
-        if (combo->Kind() == ItemKind::Choice) throw ScriptError{name + " has no row " + wanted};
-        combo->SetText(wanted);
-    } else if (command == "flag") {
-        auto* flag = dynamic_cast<FlagItem*>(&item(name));
-        if (flag == nullptr) throw ScriptError{name + " is not a flag"};
-        if (text != "on" && text != "off") throw ScriptError{"flag takes on or off"};
-        flag->SetValue(text == "on");
-    } else if (command == "select") {
-        auto* list = dynamic_cast<ListItem*>(&item(name));
-        if (list == nullptr) throw ScriptError{name + " is not a list"};
-        int row = static_cast<int>(Whole(text));
-        if (row < -1 || row >= list->ListCount()) throw ScriptError{name + " has no row " + text};
-        list->SetListIndex(row);
-    } else {
-        throw ScriptError{"unknown command " + command};
+const std::vector<ScriptRunner::Command>& ScriptRunner::commands() {
+    static const std::vector<Command> table = {
+        {"data", "PATH (loads the rule data file)",
+         [](ScriptRunner& runner, const std::string& path) {
+             runner.data_.datafilepath = AbsolutePath(path);
+             runner.app_.doneloading = runner.app_.LoadDataFile(runner.data_.datafilepath);
+         }},
+        {"save", "PATH (Save As to PATH, answering its dialog)",
+         [](ScriptRunner& runner, const std::string& path) {
+             runner.platform_.QueueAnswer(path);
+             SaveAsFile(*runner.sheet_);
+         }},
+        {"open", "PATH (opens the character into a new sheet, which becomes the target)",
+         [](ScriptRunner& runner, const std::string& path) { runner.openCharacter(path); }},
+        {"tool", "dice|reference NAME|about|datafiles|updates (a tool's model becomes the target)",
+         splitAtFirstWord<&ScriptRunner::openTool>},
+        {"sheet", "(the sheet becomes the target again)",
+         [](ScriptRunner& runner, const std::string&) {
+             runner.tool_ = nullptr;
+             runner.rebase();
+         }},
+        {"rolls", "N N ... (queues what the dice show next)",
+         [](ScriptRunner& runner, const std::string& draws) { runner.queueRolls(draws); }},
+        {"answer", "TEXT (next dialog answer: a path, cancel, or a button caption)",
+         [](ScriptRunner& runner, const std::string& text) {
+             runner.platform_.QueueAnswer(UnescapeLineEnds(text));
+         }},
+        {"do", "OPERATION [ARG] (runs an operation of the target or the application)",
+         splitAtFirstWord<&ScriptRunner::doOperation>},
+        {"print", "NAME (NAME.visible, NAME.ListIndex, NAME[r], NAME[r].bold...)",
+         [](ScriptRunner& runner, const std::string& name) {
+             for (const auto& [entry, value] : runner.values(name))
+                 runner.out_ << entry << " = " << value << "\n";
+         }},
+        {"expect",
+         "NAME TEXT, or expect changed NAME=TEXT ; ... (exactly these changed since the last)",
+         splitAtFirstWord<&ScriptRunner::expect>},
+        {"set",
+         "ITEM TEXT (also a property; \\n is a line end, \\b the backspace key), "
+         "or set LIST[r] c0|c1|...",
+         splitAtFirstWord<&ScriptRunner::setItem>},
+        {"choose", "ITEM TEXT (the row of that text, or the text of a combo)",
+         splitAtFirstWord<&ScriptRunner::chooseRow>},
+        {"flag", "ITEM on|off", splitAtFirstWord<&ScriptRunner::setFlag>},
+        {"select", "LIST N (-1 for none)", splitAtFirstWord<&ScriptRunner::selectRow>},
+    };
+    return table;
+}
+
+void ScriptRunner::PrintCommands(std::ostream& out) {
+    out << "script commands, one a line (# starts a comment):\n";
+    for (const Command& command : commands())
+        out << "  " << command.name << " " << command.usage << "\n";
+}
+
+void ScriptRunner::runLine(const std::string& line) {
+    auto [name, rest] = firstWord(line);
+    const auto command = std::ranges::find(commands(), name, &Command::name);
+    if (command == commands().end()) throw ScriptError{"unknown command " + name};
+    command->run(*this, rest);
+}
+
+void ScriptRunner::queueRolls(const std::string& draws) {
+    for (const std::string& draw : SplitFields(draws, ' ')) {
+        if (draw.empty()) continue;
+        if (draw.find_first_not_of("0123456789") != std::string::npos)
+            throw ScriptError{"rolls takes whole numbers, not " + draw};
+        rolls_.Queue(static_cast<int>(Whole(draw)));
     }
+}
+
+void ScriptRunner::expect(const std::string& name, const std::string& expected) {
+    if (name == "changed") return expectChanged(expected);
+    std::vector<std::string> shown;
+    for (const auto& value : values(name)) shown.push_back(value.second);
+    std::string actual = JoinFields(shown, "\\n");
+    if (actual != expected) {
+        expectationFailed_ = true;
+        out_ << "line " << lineNumber_ << ": expected " << name << " = " << expected << "\n"
+             << "line " << lineNumber_ << ": got      " << name << " = " << actual << "\n";
+    }
+}
+
+void ScriptRunner::setItem(const std::string& name, const std::string& text) {
+    if (const std::size_t bracket = name.find('['); bracket != std::string::npos)
+        return setRow(name.substr(0, bracket), name.substr(bracket + 1), UnescapeLineEnds(text));
+    if (const auto* property = tool_ ? nullptr : sheet_->Properties().Find(name)) {
+        property->set(UnescapeLineEnds(text));
+        return;
+    }
+    Item& target = item(name);
+    if (auto* textItem = dynamic_cast<TextItem*>(&target)) textItem->SetText(UnescapeLineEnds(text));
+    else if (auto* combo = dynamic_cast<ComboItem*>(&target)) combo->SetText(UnescapeLineEnds(text));
+    else throw ScriptError{"cannot set " + name + "; use flag or select"};
+}
+
+void ScriptRunner::chooseRow(const std::string& name, const std::string& text) {
+    auto* combo = dynamic_cast<ComboItem*>(&item(name));
+    if (combo == nullptr) throw ScriptError{name + " is not a combo or choice"};
+    const std::string wanted = UnescapeLineEnds(text);
+    for (int row = 0; row < combo->ListCount(); ++row)
+        if (combo->List(row) == wanted) return combo->SetListIndex(row);
+    if (combo->Kind() == ItemKind::Choice) throw ScriptError{name + " has no row " + wanted};
+    combo->SetText(wanted);
+}
+
+void ScriptRunner::setFlag(const std::string& name, const std::string& text) {
+    auto* flag = dynamic_cast<FlagItem*>(&item(name));
+    if (flag == nullptr) throw ScriptError{name + " is not a flag"};
+    if (text != "on" && text != "off") throw ScriptError{"flag takes on or off"};
+    flag->SetValue(text == "on");
+}
+
+void ScriptRunner::selectRow(const std::string& name, const std::string& text) {
+    auto* list = dynamic_cast<ListItem*>(&item(name));
+    if (list == nullptr) throw ScriptError{name + " is not a list"};
+    int row = static_cast<int>(Whole(text));
+    if (row < -1 || row >= list->ListCount()) throw ScriptError{name + " has no row " + text};
+    list->SetListIndex(row);
 }
 
 void ScriptRunner::setRow(const std::string& name, const std::string& index,
@@ -214,7 +249,31 @@ void ScriptRunner::setRow(const std::string& name, const std::string& index,
         list->SetCell(row, static_cast<int>(column), texts[column]);
 }
 
-void ScriptRunner::doOperation(const std::string& name, const std::string& argument) {
+const std::map<std::string, ScriptRunner::Handler>& ScriptRunner::appOperations() {
+    static const std::map<std::string, Handler> table = {
+        {"App.LoadData", [](ScriptRunner& runner, const std::string&) { runner.app_.LoadData(); }},
+        {"App._HelpHelp_Action",
+         [](ScriptRunner& runner, const std::string&) { runner.app_.HelpHelp_Action(); }},
+        {"App.GetDataFile",
+         [](ScriptRunner& runner, const std::string&) {
+             // Its messages and dialogs print as it runs, so the value line comes after them.
+             const std::string path = runner.app_.GetDataFile();
+             runner.out_ << "App.GetDataFile = " << EscapeLineEnds(path) << "\n";
+         }},
+        {"OpenRecentMenuItem",
+         [](ScriptRunner& runner, const std::string& caption) {
+             runner.chooseRecentItem(caption);
+         }},
+        {"DataModule.SaveDataFilePreferences",
+         [](ScriptRunner& runner, const std::string&) {
+             runner.data_.SaveDataFilePreferences(runner.platform_);
+         }},
+    };
+    return table;
+}
+
+void ScriptRunner::doOperation(const std::string& name, const std::string& written) {
+    const std::string argument = UnescapeLineEnds(written);
     if (tool_) {
         const ToolModel::Operation* operation = tool_->FindOperation(name);
         if (operation == nullptr) throw ScriptError{"unknown operation " + name};
@@ -227,18 +286,9 @@ void ScriptRunner::doOperation(const std::string& name, const std::string& argum
             out_ << name << " = " << EscapeLineEnds(*result) << "\n";
         return;
     }
-    if (name == "App.LoadData") return app_.LoadData();
-    if (name == "App._HelpHelp_Action") return app_.HelpHelp_Action();
-    if (name == "App.GetDataFile") {
-        // Its messages and dialogs print as it runs, so the value line comes after them.
-        const std::string path = app_.GetDataFile();
-        out_ << name << " = " << EscapeLineEnds(path) << "\n";
-        return;
-    }
-    if (name == "OpenRecentMenuItem") return chooseRecentItem(argument);
-    if (name == "DataModule.SaveDataFilePreferences")
-        return data_.SaveDataFilePreferences(platform_);
-    throw ScriptError{"unknown operation " + name};
+    const auto step = appOperations().find(name);
+    if (step == appOperations().end()) throw ScriptError{"unknown operation " + name};
+    step->second(*this, argument);
 }
 
 void ScriptRunner::openTool(const std::string& kind, const std::string& name) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <istream>
+#include <map>
 #include <memory>
 #include <ostream>
 #include <string>
@@ -26,16 +27,40 @@ public:
     int Run(std::istream& script);
     // The sheet the commands act on when no tool is the target.
     CharacterSheet& Sheet() { return *sheet_; }
+    // The script commands, one a line with its usage, in the order of the command table.
+    static void PrintCommands(std::ostream& out);
 
 private:
     struct ScriptError {
         std::string message;
     };
+    // What a command or an application operation does with the rest of its line.
+    using Handler = void (*)(ScriptRunner& runner, const std::string& rest);
+    struct Command {
+        const char* name;
+        const char* usage;  // what follows the name, and what the command does
+        Handler run;
+    };
+    static const std::vector<Command>& commands();
+    // The steps of the application that `do` runs besides the sheet's operations.
+    static const std::map<std::string, Handler>& appOperations();
+    // A handler whose command takes a first word and the rest: `act(word, rest)`.
+    template <void (ScriptRunner::*act)(const std::string&, const std::string&)>
+    static void splitAtFirstWord(ScriptRunner& runner, const std::string& rest);
+
     void runLine(const std::string& line);
     void failUnreachedExpectations(std::istream& script);
+    void queueRolls(const std::string& draws);
+    void expect(const std::string& name, const std::string& expected);
+    // `set ITEM TEXT`, also a property or, as `set LIST[r] ...`, a row.
+    void setItem(const std::string& name, const std::string& text);
     // `set LIST[r] c0|c1|...`: writes the first cells of row r, a new row when r is the count.
     void setRow(const std::string& name, const std::string& index, const std::string& cells);
-    void doOperation(const std::string& name, const std::string& argument);
+    void chooseRow(const std::string& name, const std::string& text);
+    void setFlag(const std::string& name, const std::string& text);
+    void selectRow(const std::string& name, const std::string& text);
+    // `written` as the script has it, `\n` standing for a line end.
+    void doOperation(const std::string& name, const std::string& written);
     // The lines `print NAME` shows, as (name, value) pairs.
     std::vector<std::pair<std::string, std::string>> values(const std::string& name);
     Item& item(const std::string& name);

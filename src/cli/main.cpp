@@ -1,6 +1,6 @@
 // zephalon-cli: the console. `zephalon-cli script [--prefs DIR] FILE` runs a script against
 // one character sheet (FILE "-" reads standard input); `zephalon-cli export ...` writes an
-// export of a character file.
+// export of a character file; `zephalon-cli help` lists these and the script commands.
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -13,12 +13,20 @@
 
 namespace {
 
+// The usage lines, then the script commands from the runner's own table.
+void printUsage(std::ostream& out) {
+    out << "usage: zephalon-cli script [--prefs DIR] FILE\n"
+           "  Runs FILE (\"-\" for standard input) against one character sheet.\n"
+           "usage: zephalon-cli export --data RULES --format "
+           "html|text|summary|wiki|custom|xml CHARACTER [-o OUT]\n"
+           "  Writes the export of CHARACTER to OUT or standard output.\n"
+           "usage: zephalon-cli help\n"
+           "  Shows this text.\n";
+    zeph::ScriptRunner::PrintCommands(out);
+}
+
 int usage() {
-    std::cerr << "usage: zephalon-cli script [--prefs DIR] FILE\n"
-                 "  Runs FILE (\"-\" for standard input) against one character sheet.\n"
-                 "usage: zephalon-cli export --data RULES --format "
-                 "html|text|summary|wiki|custom|xml CHARACTER [-o OUT]\n"
-                 "  Writes the export of CHARACTER to OUT or standard output.\n";
+    printUsage(std::cerr);
     return 2;
 }
 
@@ -43,6 +51,10 @@ int main(int argc, char** argv) {
     if (argc >= 2 && std::string(argv[1]) == "export")
         return zeph::RunExportCommand(std::vector<std::string>(argv + 2, argv + argc),
                                       executableFolder(argv[0]), std::cout, std::cerr);
+    if (argc == 2 && std::string(argv[1]) == "help") {
+        printUsage(std::cout);
+        return 0;
+    }
     if (argc < 3 || std::string(argv[1]) != "script") return usage();
     std::string prefs = defaultPreferencesFolder();
     int next = 2;

@@ -87,10 +87,15 @@ QGroupBox* group(const QString& title, QLayout* layout) {
     return box;
 }
 
+// The Tab menu's commands in the order of the tabs.
+const char* const kTabCommands[] = {"TabAttributes", "TabQualities",  "TabSkills",
+                                    "TabMetaphysics", "TabDescription", "TabEquipment"};
+
 }  // namespace
 
 CharWindow::CharWindow(std::unique_ptr<CharacterSheet> sheet, QWidget* parent)
     : QMainWindow(parent), sheet_(std::move(sheet)) {
+    addCommands();  // first: a button of the Description tab runs one
     binder_ = std::make_unique<SheetBinder>(
         *sheet_, [this](const std::function<void()>& work) { call(work); }, this);
 
@@ -145,14 +150,6 @@ void CharWindow::runOperation(const std::string& name) {
     call([&] { SheetOperations().at(name).run(*sheet_, ""); });
 }
 
-namespace {
-
-// The Tab menu's commands in the order of the tabs.
-const char* const kTabCommands[] = {"TabAttributes", "TabQualities",  "TabSkills",
-                                    "TabMetaphysics", "TabDescription", "TabEquipment"};
-
-}  // namespace
-
 void CharWindow::InstallMenus(const MenuSources& sources) {
     menus_ = sources;
     BuildMenuBar(*this, sources);
@@ -162,24 +159,24 @@ void CharWindow::Load(const std::string& path) {
     call([&] { LoadXMLCharSheet(*sheet_, path); });
 }
 
-bool CharWindow::HandlesCommand(const std::string& name) const {
-    for (const char* tab : kTabCommands)
-        if (name == tab) return true;
-    return name == "FileClose" || name == "FileSave" || name == "FileSaveAsCharacterFile" ||
-           name == "FileExport" || name == "FileCharacterJournal" || name == "FileCharacterPortrait" ||
-           name.rfind("Format", 0) == 0;
-}
-
-void CharWindow::RunCommand(const std::string& name) {
-    for (int tab = 0; tab < 6; ++tab)
-        if (name == kTabCommands[tab]) return showTab(tab);
-    if (name == "FileClose") close();
-    else if (name == "FileSave") call([&] { FileSave_Action(*sheet_); });
-    else if (name == "FileSaveAsCharacterFile") call([&] { FileSaveAsCharacterFile_Action(*sheet_); });
-    else if (name == "FileExport") ShowInFront(*new ExportView(*sheet_, this));
-    else if (name == "FileCharacterJournal") JournalView::OpenTheJournal(*sheet_, this, menus_);
-    else if (name == "FileCharacterPortrait") PortraitView::Open(*sheet_, this, menus_);
-    else if (auto* edit = qobject_cast<QTextEdit*>(QApplication::focusWidget())) FormatSelection(*edit, name);
+void CharWindow::addCommands() {
+    for (int tab = 0; tab < 6; ++tab) commands_[kTabCommands[tab]] = [this, tab] { showTab(tab); };
+    commands_["FileClose"] = [this] { close(); };
+    commands_["FileSave"] = [this] { call([this] { FileSave_Action(*sheet_); }); };
+    commands_["FileSaveAsCharacterFile"] = [this] {
+        call([this] { FileSaveAsCharacterFile_Action(*sheet_); });
+    };
+    commands_["FileExport"] = [this] { ShowInFront(*new ExportView(*sheet_, this)); };
+    commands_["FileCharacterJournal"] = [this] {
+        JournalView::OpenTheJournal(*sheet_, this, menus_);
+    };
+    commands_["FileCharacterPortrait"] = [this] { PortraitView::Open(*sheet_, this, menus_); };
+    // Whichever styled field has the focus; elsewhere the Format menu does nothing.
+    for (const std::string& format : FormatCommands())
+        commands_[format] = [format] {
+            if (auto* edit = qobject_cast<QTextEdit*>(QApplication::focusWidget()))
+                FormatSelection(*edit, format);
+        };
 }
 
 // Only the Tab menu's commands move its check marks; a click on a tab leaves them.
@@ -552,7 +549,7 @@ QWidget* CharWindow::descriptionTab() {
     buttons->addStretch(1);
     auto* journal = new QPushButton("Open Journal");
     journal->setObjectName("JournalButton");
-    connect(journal, &QPushButton::clicked, this, [this] { RunCommand("FileCharacterJournal"); });
+    connect(journal, &QPushButton::clicked, this, commands_.at("FileCharacterJournal"));
     buttons->addWidget(journal);
 
     // The long texts share one place; their items say which of them stands in it.

@@ -34,9 +34,6 @@ class CharWindow : public QMainWindow, public CommandTarget {
     // Fills the new sheet from a character file (by the open dialog when `path` is empty).
     void Load(const std::string& path);
 
-    bool HandlesCommand(const std::string& name) const override;
-    void RunCommand(const std::string& name) override;
-
   protected:
     // The closing question: Cancel keeps the window.
     void closeEvent(QCloseEvent* event) override;
@@ -47,6 +44,8 @@ class CharWindow : public QMainWindow, public CommandTarget {
     void runOperation(const std::string& name);
     void showTitle();
     void showTab(int tab);
+    // Fills the command table: the tabs, the File commands of a character and the Format menu.
+    void addCommands();
 
     QWidget* bound(const std::string& itemName, const std::string& caption = "");
     QWidget* shown(const std::string& itemName);

@@ -15,6 +15,7 @@ namespace zeph::gui {
 ExportView::ExportView(CharacterSheet& character, QWidget* parent)
     : QMainWindow(parent), model_(std::make_unique<ExportWindow>(character)) {
     setAttribute(Qt::WA_DeleteOnClose);
+    commands_["FileClose"] = [this] { close(); };
     forms_ = new QComboBox;
     forms_->setObjectName("PopupMenu1");
     for (const std::string& form : model_->PopupMenu1.Rows()) {

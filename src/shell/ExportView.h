@@ -23,9 +23,6 @@ class ExportView : public QMainWindow, public CommandTarget {
     explicit ExportView(CharacterSheet& character, QWidget* parent = nullptr);
     ~ExportView() override;
 
-    bool HandlesCommand(const std::string& name) const override { return name == "FileClose"; }
-    void RunCommand(const std::string&) override { close(); }
-
   private:
     void showModel();
 

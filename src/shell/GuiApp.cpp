@@ -22,7 +22,30 @@ constexpr int kRecentChoiceDelay = 500;  // ms: the menu closes and the notice p
 }  // namespace
 
 GuiApp::GuiApp(DataModule& data, Platform& platform, App& app)
-    : data_(data), platform_(platform), app_(app) {}
+    : data_(data), platform_(platform), app_(app) {
+    commands_ = {
+        {"FileNew", [this] { NewWindow(); }},
+        {"FileLoadCharacterFile", [this] { OpenCharacter(""); }},
+        {"FileQuit",
+         [this] {
+             if (CloseAll()) QApplication::quit();
+         }},
+        {"HelpHelp", [this] { CallCore([this] { app_.HelpHelp_Action(); }); }},
+        {"HelpDiceRoller", [this] { CallCore([this] { ShowDiceView(random_, Sources()); }); }},
+        {"FileLoadDataFile",
+         [this] {
+             showSingle(loadData_,
+                        [this] { return ShowLoadDataView(data_, platform_, app_, Sources()); });
+         }},
+        {"HelpAbout",
+         [this] { showSingle(about_, [this] { return ShowAboutView(data_, Sources()); }); }},
+        {"HelpCheckForUpdates",
+         [this] {
+             showSingle(checkUpdates_,
+                        [this] { return ShowCheckUpdatesView(platform_, webHost_, Sources()); });
+         }},
+    };
+}
 
 MenuSources GuiApp::Sources() {
     return {this, [this] { return data_.recentMenuItems; },
@@ -87,28 +110,9 @@ bool GuiApp::CloseAll() {
     return true;
 }
 
-bool GuiApp::HandlesCommand(const std::string& name) const {
-    return name == "FileNew" || name == "FileLoadCharacterFile" || name == "FileQuit" ||
-           name == "HelpHelp" || name == "HelpDiceRoller" || name == "HelpAbout" ||
-           name == "HelpCheckForUpdates" || name == "FileLoadDataFile";
-}
-
 void GuiApp::showSingle(QPointer<ToolView>& single, const std::function<ToolView*()>& make) {
     if (!single) CallCore([&] { single = make(); });
     if (single) ShowInFront(*single);
-}
-
-void GuiApp::RunCommand(const std::string& name) {
-    if (name == "FileNew") NewWindow();
-    else if (name == "FileLoadCharacterFile") OpenCharacter("");
-    else if (name == "FileQuit" && CloseAll()) QApplication::quit();
-    else if (name == "HelpHelp") CallCore([&] { app_.HelpHelp_Action(); });
-    else if (name == "HelpDiceRoller") CallCore([&] { ShowDiceView(random_, Sources()); });
-    else if (name == "FileLoadDataFile")
-        showSingle(loadData_, [&] { return ShowLoadDataView(data_, platform_, app_, Sources()); });
-    else if (name == "HelpAbout") showSingle(about_, [&] { return ShowAboutView(data_, Sources()); });
-    else if (name == "HelpCheckForUpdates")
-        showSingle(checkUpdates_, [&] { return ShowCheckUpdatesView(platform_, webHost_, Sources()); });
 }
 
 }  // namespace zeph::gui

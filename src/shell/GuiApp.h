@@ -34,8 +34,6 @@ class GuiApp : public QObject, public CommandTarget {
     // open stops the quit.
     bool CloseAll();
 
-    bool HandlesCommand(const std::string& name) const override;
-    void RunCommand(const std::string& name) override;
     MenuSources Sources();
 
     // Where the update check asks; the project's web host unless a test serves it.

@@ -38,20 +38,15 @@ void JournalView::OpenTheJournal(CharacterSheet& sheet, QWidget* parent, const M
 
 JournalView::JournalView(CharacterSheet& sheet, QWidget* parent) : QMainWindow(parent) {
     setAttribute(Qt::WA_DeleteOnClose);
+    // Closing, and the Format menu on the journal's field.
+    commands_["FileClose"] = [this] { close(); };
+    for (const std::string& format : FormatCommands())
+        commands_[format] = [this, format] { FormatSelection(*field_, format); };
     binder_ = std::make_unique<SheetBinder>(
         sheet, [](const std::function<void()>& work) { CallCore(work); }, this);
 }
 
 JournalView::~JournalView() { binder_.reset(); }
-
-bool JournalView::HandlesCommand(const std::string& name) const {
-    return name == "FileClose" || name.rfind("Format", 0) == 0;
-}
-
-void JournalView::RunCommand(const std::string& name) {
-    if (name == "FileClose") close();
-    else FormatSelection(*field_, name);
-}
 
 void JournalView::closeEvent(QCloseEvent* event) {
     if (journal_) CallCore([&] { journal_->Event_Close(); });

@@ -24,10 +24,6 @@ class JournalView : public QMainWindow, public CommandTarget {
     static void OpenTheJournal(CharacterSheet& sheet, QWidget* parent, const MenuSources& menus);
     ~JournalView() override;
 
-    // Closing, and the Format menu on the journal's field.
-    bool HandlesCommand(const std::string& name) const override;
-    void RunCommand(const std::string& name) override;
-
   protected:
     void closeEvent(QCloseEvent* event) override;
 

@@ -139,12 +139,24 @@ void BuildWindowsMenu(QMenu& menu) {
     }
 }
 
+std::vector<std::string> FormatCommands() {
+    std::vector<std::string> names;
+    for (const Menu& menu : MenuTable())
+        if (std::string(menu.name) == "FormatMenu")
+            for (const MenuItem& item : menu.items) names.emplace_back(item.name);
+    return names;
+}
+
 void BuildMenuBar(QMainWindow& window, const MenuSources& sources) {
-    auto* own = dynamic_cast<CommandTarget*>(&window);
-    const auto target = [own, app = sources.application](const std::string& name) -> CommandTarget* {
-        if (own && own->HandlesCommand(name)) return own;
-        if (app && app->HandlesCommand(name)) return app;
-        return nullptr;
+    // The window's own command first, then the application's; null when neither has it.
+    const auto handler = [own = dynamic_cast<CommandTarget*>(&window), app = sources.application](
+                             const std::string& name) -> std::function<void()> {
+        for (const CommandTarget* target : {own, app}) {
+            if (target == nullptr) continue;
+            if (auto found = target->Commands().find(name); found != target->Commands().end())
+                return found->second;
+        }
+        return {};
     };
     QMenuBar* bar = window.menuBar();
     for (const Menu& menu : MenuTable()) {
@@ -179,10 +191,9 @@ void BuildMenuBar(QMainWindow& window, const MenuSources& sources) {
                 continue;
             }
             // What no one claims yet stays in the bar, disabled.
-            action->setEnabled(target(name) != nullptr);
-            QObject::connect(action, &QAction::triggered, &window, [target, name] {
-                if (CommandTarget* handler = target(name)) handler->RunCommand(name);
-            });
+            const std::function<void()> run = handler(name);
+            action->setEnabled(bool(run));
+            if (run) QObject::connect(action, &QAction::triggered, &window, run);
         }
     }
 }

@@ -6,6 +6,7 @@
 
 #include <QObject>
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -15,12 +16,18 @@ class QWidget;
 
 namespace zeph::gui {
 
-// Whoever answers commands by their menu item name ("FileSave", "TabSkills").
+// What each menu item name ("FileSave", "TabSkills") that one target answers does.
+using CommandTable = std::map<std::string, std::function<void()>>;
+
+// Whoever answers commands by their menu item name: it fills its table as it is made, so the
+// table alone says both whether it handles a command and what running it does.
 class CommandTarget {
   public:
     virtual ~CommandTarget() = default;
-    virtual bool HandlesCommand(const std::string& name) const = 0;
-    virtual void RunCommand(const std::string& name) = 0;
+    const CommandTable& Commands() const { return commands_; }
+
+  protected:
+    CommandTable commands_;
 };
 
 struct MenuSources {
@@ -35,6 +42,9 @@ struct MenuSources {
 
 // Gives `window` its menu bar; `window` answers first when it is a CommandTarget.
 void BuildMenuBar(QMainWindow& window, const MenuSources& sources);
+
+// The names of the Format menu's items, for the windows whose styled fields they act on.
+std::vector<std::string> FormatCommands();
 
 // Shows a window and gives it the focus: without a window manager a new window gets none, and
 // its menu shortcuts stay dead until it is clicked.

@@ -51,6 +51,7 @@ void PortraitView::Open(CharacterSheet& sheet, QWidget* parent, const MenuSource
 PortraitView::PortraitView(CharacterSheet& sheet, QWidget* parent)
     : QMainWindow(parent), sheet_(sheet) {
     setAttribute(Qt::WA_DeleteOnClose);
+    commands_["FileClose"] = [this] { close(); };
     setAcceptDrops(true);
     well_ = new QLabel;
     well_->setObjectName("ImageWell1");

@@ -25,8 +25,6 @@ class PortraitView : public QMainWindow, public CommandTarget, public AttachedWi
     // What a drop of a picture does: shown, kept on the sheet, the character unsaved.
     void TakePicture(const QImage& picture);
 
-    bool HandlesCommand(const std::string& name) const override { return name == "FileClose"; }
-    void RunCommand(const std::string&) override { close(); }
     void Close() override { close(); }
 
   protected:

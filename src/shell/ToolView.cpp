@@ -14,6 +14,7 @@ namespace zeph::gui {
 ToolView::ToolView(std::unique_ptr<ToolModel> model, const MenuSources& menus)
     : model_(std::move(model)) {
     setAttribute(Qt::WA_DeleteOnClose);
+    commands_["FileClose"] = [this] { close(); };
     setWindowTitle(QString::fromStdString(model_->Title()));
     const ToolModel* tool = model_.get();
     binder_ = std::make_unique<SheetBinder>(

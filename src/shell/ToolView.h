@@ -42,9 +42,6 @@ class ToolView : public QMainWindow, public CommandTarget {
     // brings it to the front.
     void Finish(QLayout* layout);
 
-    bool HandlesCommand(const std::string& name) const override { return name == "FileClose"; }
-    void RunCommand(const std::string&) override { close(); }
-
   protected:
     void closeEvent(QCloseEvent* event) override;
 
