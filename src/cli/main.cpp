@@ -1,6 +1,7 @@
 // zephalon-cli: the console. `zephalon-cli script [--prefs DIR] FILE` runs a script against
 // one character sheet (FILE "-" reads standard input); `zephalon-cli export ...` writes an
-// export of a character file; `zephalon-cli help` lists these and the script commands.
+// export of a character file; `zephalon-cli lint RULES` checks a rule data file;
+// `zephalon-cli help` lists these and the script commands.
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -9,6 +10,7 @@
 #include <vector>
 
 #include "cli/ExportCommand.h"
+#include "cli/LintCommand.h"
 #include "cli/ScriptRunner.h"
 
 namespace {
@@ -20,6 +22,9 @@ void printUsage(std::ostream& out) {
            "usage: zephalon-cli export --data RULES --format "
            "html|text|summary|wiki|custom|xml CHARACTER [-o OUT]\n"
            "  Writes the export of CHARACTER to OUT or standard output.\n"
+           "usage: zephalon-cli lint RULES [--format text|json]\n"
+           "  Names each mistake of a rule data file with its line; exit status 0 clean,\n"
+           "  1 with warnings, 2 with errors.\n"
            "usage: zephalon-cli help\n"
            "  Shows this text.\n";
     zeph::ScriptRunner::PrintCommands(out);
@@ -51,6 +56,9 @@ int main(int argc, char** argv) {
     if (argc >= 2 && std::string(argv[1]) == "export")
         return zeph::RunExportCommand(std::vector<std::string>(argv + 2, argv + argc),
                                       executableFolder(argv[0]), std::cout, std::cerr);
+    if (argc >= 2 && std::string(argv[1]) == "lint")
+        return zeph::RunLintCommand(std::vector<std::string>(argv + 2, argv + argc), std::cout,
+                                    std::cerr);
     if (argc == 2 && std::string(argv[1]) == "help") {
         printUsage(std::cout);
         return 0;

@@ -54,7 +54,9 @@ struct XPathObjectDeleter {
     void operator()(xmlXPathObject* obj) const { xmlXPathFreeObject(obj); }
 };
 
-constexpr int kParseOptions = XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING;
+// Big lines: the nodes of a large file past line 65535 keep their true line.
+constexpr int kParseOptions =
+    XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING | XML_PARSE_BIG_LINES;
 constexpr std::size_t kMaxCompiledQueries = 4096;
 
 }  // namespace

@@ -216,6 +216,12 @@ double Val(std::string_view s) {
     return result.ec == std::errc() && std::isfinite(v) ? v : 0;
 }
 
+bool ReadsAsNumber(std::string_view s) {
+    s = skipBlanks(s);
+    const std::size_t n = numberPrefixLength(s);
+    return n > 0 && skipBlanks(s.substr(n)).empty();
+}
+
 double CDbl(std::string_view s) {
     // Always the C conventions, never the user's: "." marks the fraction and "," groups thousands.
     std::string cleaned;
@@ -385,6 +391,12 @@ std::vector<std::string> SplitFields(const std::string& text, char separator) {
     }
     fields.push_back(current);
     return fields;
+}
+
+std::u32string FoldCase(std::string_view s) {
+    std::u32string out;
+    for (const FoldedUnit& unit : folded(s)) out += unit.unit;
+    return out;
 }
 
 }  // namespace zeph

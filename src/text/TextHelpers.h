@@ -12,6 +12,9 @@ namespace zeph {
 
 // Number at the start of the text (after leading blanks); 0 when there is none.
 double Val(std::string_view s);
+// True when Val reads the whole text, blanks around it aside: "3", " -2.5 ", "1e3"; not "",
+// "one" or "3x" (which Val reads as 0, 0 and 3).
+bool ReadsAsNumber(std::string_view s);
 // Number in the text by the C conventions ("1,250.5" is 1250.5); 0 for an empty text.
 double CDbl(std::string_view s);
 // The whole-number conversion: the fraction is dropped (towards zero).
@@ -31,10 +34,10 @@ std::string Str(double x);
 std::string NthField(std::string_view s, std::string_view sep, int n);
 // Number of fields: 0 for an empty text, 1 for a text without the separator.
 int CountFields(std::string_view s, std::string_view sep);
-// Character position of t in s from 1, without regard to case; 0 when it is not there (or t is
-// empty).
 // Orders two texts without regard to case, as a list sorts its rows.
 bool LessNoCase(std::string_view a, std::string_view b);
+// Character position of t in s from 1, without regard to case; 0 when it is not there (or t is
+// empty).
 int InStr(std::string_view s, std::string_view t);
 
 // By characters (UTF-8 code points), not bytes.
@@ -49,6 +52,9 @@ double Max(double a, double b);
 
 // Equality without regard to case, as every comparison of names in the rules.
 bool EqualsNoCase(std::string_view a, std::string_view b);
+// The full case folding of the text, by code points: texts equal without regard to case fold
+// alike, so a folded text can be a key, and a folded text found in another is InStr's match.
+std::u32string FoldCase(std::string_view s);
 
 // Joins fields with a separator, and splits a text at a one-character separator (an empty text
 // has no fields), as the arrays of the sheet are written in one text.
