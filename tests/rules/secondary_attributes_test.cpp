@@ -38,6 +38,14 @@ TEST_F(Recomputation, TheFieldsAloneWithNoTypeThenTheFormulasAndBudgetsOfTheChoi
     ExpectTexts("EnduranceBonus=4");
     EXPECT_EQ(sheet->mentalBonus, 1);     // the refilled pool is the whole number of -0.5 + 2
     EXPECT_EQ(sheet->physicalBonus, 0);   // 1.5 - 2, cut towards zero
+
+    // Points placed from a pool that a metaphysic fills stay placed at the next recomputation.
+    sheet->m_all_bonuses[7] = 0;
+    Choose("Human", "Survivor");
+    while (sheet->mentalBonus > 0) AttributeBonus_MouseDown(*sheet, Intelligence);
+    while (sheet->physicalBonus > 0) AttributeBonus_MouseDown(*sheet, Strength);
+    FigureSecondaryAttributes(*sheet);
+    ExpectTexts("IntelligenceBonus=4|StrengthBonus=3|mentalBonus=0");
 }
 
 TEST_F(Recomputation, SpeedDividesOnlyWithASlash) {
@@ -94,6 +102,9 @@ TEST_F(Recomputation, MentalAndPhysicalTakeTheirMultiplierFromTheMetaColumn) {
     sheet->QualityListBox.SetCell(0, 17, "Mental");
     FigureSecondaryAttributes(*sheet);
     ExpectTexts("SkillField=0/25");  // without "&&" even a group word adds nothing
+    sheet->QualityListBox.SetCell(0, 17, "&&2");
+    FigureSecondaryAttributes(*sheet);
+    ExpectTexts("SkillField=0/25");  // nor with nothing ahead of it
 }
 
 // Each of the other bonus columns of a quality row, at level 2, feeds its own figure.
