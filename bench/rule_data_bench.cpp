@@ -13,6 +13,7 @@
 #include "in_turns.h"
 #include "large_rule_data.h"
 #include "ruledata/RuleData.h"
+#include "tools/RuleDataLint.h"
 
 namespace zeph::bench {
 namespace {
@@ -252,6 +253,17 @@ void BM_LoadOverParse(benchmark::State& state) {
     TimeInTurns(state, "load_over_parse", ParseLarge, [] { LoadLarge(); });
 }
 
+void LintLarge() { benchmark::DoNotOptimize(LintRuleDataFile(LargeRuleDataPath()).size()); }
+
+void BM_LintLarge(benchmark::State& state) {
+    for (auto _ : state) LintLarge();
+}
+
+// The linter reads the file itself, so it is held against loading it, in turns.
+void BM_LintOverLoad(benchmark::State& state) {
+    TimeInTurns(state, "lint_over_load", [] { LoadLarge(); }, LintLarge);
+}
+
 }  // namespace
 
 BENCHMARK(BM_ColdQuerySample)->Name("ColdQuery/sample");
@@ -265,5 +277,7 @@ BENCHMARK(BM_ParseOnlyLarge)->Name("ParseOnly/large")->Unit(benchmark::kMillisec
 // As many turns as keep every large query cold: the large file has some 240 000.
 BENCHMARK(BM_ColdQueryLargeOverSample)->Name("Ratio/coldquery")->Iterations(200000);
 BENCHMARK(BM_LoadOverParse)->Name("Ratio/load")->Iterations(8)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_LintLarge)->Name("Lint/large")->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_LintOverLoad)->Name("Ratio/lint_over_load")->Iterations(6)->Unit(benchmark::kMillisecond);
 
 }  // namespace zeph::bench
