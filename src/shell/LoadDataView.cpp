@@ -1,8 +1,13 @@
-// The Load Data window: the known data files, the path of the chosen one, and the buttons.
+// The Load Data window: the known data files, each marked when the linter finds mistakes in
+// it, the path of the chosen one, and the buttons; Check opens the findings of the chosen file.
+#include <QApplication>
+#include <QClipboard>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QShortcut>
+#include <QStyle>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -17,6 +22,45 @@ namespace {
 constexpr std::pair<Qt::Key, const char*> kDeleteKeys[] = {{Qt::Key_Delete, "16"},
                                                            {Qt::Key_Backspace, "8"}};
 
+QString q(const std::string& text) { return QString::fromStdString(text); }
+
+// A file with warnings or errors shows the matching icon before its name.
+void markRow(QTreeWidget& list, LoadDataWindow& model, int row) {
+    QTreeWidgetItem* item = list.topLevelItem(row);
+    if (item == nullptr) return;
+    const std::string mark = model.LintMark(row);
+    const auto icon =
+        mark == "errors" ? QStyle::SP_MessageBoxCritical : QStyle::SP_MessageBoxWarning;
+    item->setIcon(0, mark.empty() ? QIcon() : list.style()->standardIcon(icon));
+    item->setToolTip(0, mark.empty() ? QString()
+                                     : q("The linter finds " + mark +
+                                         " in this file: choose it and press Check."));
+}
+
+// The findings as text to select and copy; the button copies the place of the finding under
+// the cursor as FILE:LINE, which editors open at that line.
+void showCheckWindow(const LoadDataWindow& model, QWidget& parent) {
+    auto* window = new QWidget(&parent, Qt::Window);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->setWindowTitle("Check");
+    auto* text = new QPlainTextEdit(q(model.CheckReport.Text()));
+    text->setObjectName("CheckReport");
+    text->setReadOnly(true);
+    text->setLineWrapMode(QPlainTextEdit::NoWrap);
+    auto* copy = new QPushButton("Copy FILE:LINE");
+    QObject::connect(copy, &QPushButton::clicked, text, [text, findings = model.CheckedFindings()] {
+        const auto block = static_cast<std::size_t>(text->textCursor().blockNumber());
+        if (block < findings.size())
+            QApplication::clipboard()->setText(
+                q(findings[block].file + ":" + std::to_string(findings[block].line)));
+    });
+    auto* layout = new QVBoxLayout(window);
+    layout->addWidget(text, 1);
+    layout->addWidget(copy, 0, Qt::AlignRight);
+    window->resize(720, 360);
+    ShowInFront(*window);
+}
+
 }  // namespace
 
 ToolView* ShowLoadDataView(DataModule& data, Platform& platform, App& app,
@@ -25,8 +69,13 @@ ToolView* ShowLoadDataView(DataModule& data, Platform& platform, App& app,
         std::make_unique<LoadDataWindow>(
             data, platform, [&app](const std::string& path) { return app.LoadDataFile(path); }),
         menus);
+    auto& model = static_cast<LoadDataWindow&>(view->Model());
     auto* list = static_cast<QTreeWidget*>(view->Bind("ListBox1"));
     list->setSelectionMode(QAbstractItemView::SingleSelection);
+    QObject::connect(list->model(), &QAbstractItemModel::rowsInserted, list,
+                     [list, &model](const QModelIndex&, int first, int last) {
+                         for (int row = first; row <= last; ++row) markRow(*list, model, row);
+                     });
     for (const auto& [key, code] : kDeleteKeys) {
         auto* shortcut =
             new QShortcut(QKeySequence(key), list, nullptr, nullptr, Qt::WidgetShortcut);
@@ -39,6 +88,12 @@ ToolView* ShowLoadDataView(DataModule& data, Platform& platform, App& app,
     buttons->addWidget(view->Button("Add File", "AddFileButton_Action"));
     buttons->addWidget(view->Button("Add From Folder", "AddfromFolderButton_Action"));
     buttons->addWidget(view->Button("Remove", "Remove_Action"));
+    QPushButton* check = view->Button("Check", "CheckButton_Action");
+    QObject::connect(check, &QPushButton::clicked, view, [view, list, &model] {
+        for (int row = 0; row < list->topLevelItemCount(); ++row) markRow(*list, model, row);
+        if (model.CheckReport.Visible()) showCheckWindow(model, *view);
+    });
+    buttons->addWidget(check);
     buttons->addStretch(1);
     buttons->addWidget(view->Button("Cancel", "ClosePushButton_Action"));
     buttons->addWidget(view->Button("Load", "LoadButton_Action", true));

@@ -38,6 +38,7 @@ LoadDataWindow::LoadDataWindow(DataModule& data, Platform& platform, LoadDataFil
     AddOperation("AddfromFolderButton_Action",
                  [this](const std::string&) { AddfromFolderButton_Action(); });
     AddOperation("LoadButton_Action", [this](const std::string&) { LoadButton_Action(); });
+    AddOperation("CheckButton_Action", [this](const std::string&) { CheckButton_Action(); });
     AddOperation("ClosePushButton_Action", [this](const std::string&) { Close(); });
     AddOperation("_FileClose_Action", [this](const std::string&) { Close(); });
     ListBox1_Open();
@@ -154,6 +155,25 @@ void LoadDataWindow::LoadButton_Action() {
     data_.datafilepath = AbsolutePath(path);
     // A file that fails leaves the window open, the rule data replaced by then.
     if (load_(data_.datafilepath)) Close();
+}
+
+void LoadDataWindow::CheckButton_Action() {
+    const int row = lastSelectedRow();
+    CheckReport.SetVisible(row != -1);
+    if (row == -1) return;
+    const std::string path = ListBox1.Cell(row, 2);
+    checked_ = LintRuleDataFile(path);
+    lintStatus_[path] = LintExitStatus(checked_);
+    CheckReport.SetText(checked_.empty() ? "No mistakes found in " + path + "."
+                                         : FindingsAsText(checked_));
+    CheckReport.SetVisible(true);
+}
+
+std::string LoadDataWindow::LintMark(int row) {
+    const std::string path = ListBox1.Cell(row, 2);
+    auto [status, isNew] = lintStatus_.try_emplace(path, 0);
+    if (isNew) status->second = LintExitStatus(LintRuleDataFile(path));
+    return status->second == 2 ? "errors" : status->second == 1 ? "warnings" : "";
 }
 
 void LoadDataWindow::Event_Close() {

@@ -4,8 +4,11 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <string>
+#include <vector>
 
+#include "tools/RuleDataLint.h"
 #include "tools/ToolModel.h"
 
 namespace zeph {
@@ -30,10 +33,19 @@ class LoadDataWindow : public ToolModel {
     void AddfromFolderButton_Action();
     void FindFiles(const std::string& folder);
     void LoadButton_Action();
+    // Lints the selected row's file: its findings go to CheckedFindings and CheckReport.
+    void CheckButton_Action();
+
+    // The mark of a row's file by the worst of its findings: "errors", "warnings" or "" (notes
+    // aside). A file is linted once, when its mark is first asked for.
+    std::string LintMark(int row);
+    const std::vector<LintFinding>& CheckedFindings() const { return checked_; }
 
     // Name (the file's fullref), file name, and the path, which PathText shows.
     ListItem ListBox1{items_, "ListBox1", 3, {"Name", "File", "Path"}};
     TextItem PathText{items_, "PathText", ItemKind::Label, "", false};
+    // The last check's findings, one a line as the console's lint prints them.
+    TextItem CheckReport{items_, "CheckReport", ItemKind::Label, "", false};
 
   protected:
     // Every way out stores the list as the known data files.
@@ -47,6 +59,8 @@ class LoadDataWindow : public ToolModel {
     DataModule& data_;
     Platform& platform_;
     LoadDataFile load_;
+    std::vector<LintFinding> checked_;
+    std::map<std::string, int> lintStatus_;  // by path: 0 clean, 1 warnings, 2 errors
 };
 
 }  // namespace zeph

@@ -101,6 +101,28 @@ TEST(LoadDataWindow, AddsFilesOneByOneAndFromAFolderTree) {
     EXPECT_THROW(window->AddFileButton_Action(), XmlError);  // left to the application
 }
 
+TEST(LoadDataWindow, MarksTheFilesWithMistakesAndChecksTheChosenOne) {
+    Manager m("datafiles-check");
+    m.data.datafilepath = "/rules.xml";
+    auto window = m.Open();
+    for (const char* file : {"several.xml", "separators.xml", "leaves.xml"}) {
+        m.platform.QueueAnswer(ZEPHALON_SOURCE_DIR "/tests/data/lint/" + std::string(file));
+        window->AddFileButton_Action();
+    }
+    m.platform.QueueAnswer(m.folder.Write("clean.xml", rules("1")));
+    window->AddFileButton_Action();
+    EXPECT_EQ(window->LintMark(0) + window->LintMark(1) + window->LintMark(3), "errorswarnings");
+    window->CheckButton_Action();  // the last added is selected
+    EXPECT_EQ(window->CheckReport.Text(), "No mistakes found in " + m.folder.At("clean.xml") + ".");
+    window->ListBox1.SetListIndex(2);
+    window->CheckButton_Action();
+    EXPECT_EQ(window->CheckedFindings().size(), 7u);
+    EXPECT_EQ(window->CheckReport.Text(), FindingsAsText(window->CheckedFindings()));
+    window->ListBox1.SetListIndex(-1);
+    window->CheckButton_Action();
+    EXPECT_FALSE(window->CheckReport.Visible());
+}
+
 TEST(LoadDataWindow, WithoutAPreferencesFolderAsksForADataFile) {
     DataModule data;
     ScriptedPlatform platform("", "", "");
