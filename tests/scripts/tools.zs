@@ -49,6 +49,6 @@ expect changed CurrentVersionText=Zephalon Version: 1.1.5 ; GrabNewVersionText=G
   ProgressWheel1.visible=false
 tool datafiles
 expect changed ListBox1.ListCount=0 ; ListBox1.ListIndex=-1 ; ListBox1.headings=Name|File|Path ; PathText= ; \
-  PathText.visible=false
+  PathText.visible=false ; CheckReport= ; CheckReport.visible=false
 sheet
 expect NameField 
