@@ -148,7 +148,7 @@ class Linter {
 
         std::map<std::pair<std::string, std::string>, int> siblings;
         for (const xmlNode* child = node->children; child; child = child->next) {
-            if (child->type == XML_TEXT_NODE || child->type == XML_CDATA_SECTION_NODE) {
+            if (isText(child)) {
                 if (!isBlank(contentOf(child)))
                     Add(firstWordLine(child), Severity::Warning, "text-not-read",
                         "the text inside `" + std::string(nameOf(node)) + "` is not read");
@@ -254,12 +254,22 @@ class Linter {
                 ", so it adds nothing");
     }
 
+    static bool isText(const xmlNode* node) {
+        return node->type == XML_TEXT_NODE || node->type == XML_CDATA_SECTION_NODE;
+    }
+
+    // What is lost behind a leaf's first child: an element, or text that is not blank.
+    static bool holdsMore(const xmlNode* node) {
+        return node->type == XML_ELEMENT_NODE || (isText(node) && !isBlank(contentOf(node)));
+    }
+
     // The text of a leaf is the value of its first child, and of nothing after it.
     void leaf(const xmlNode* node) {
         const xmlNode* first = node->children;
         if (first == nullptr) return;
-        const bool text = first->type == XML_TEXT_NODE || first->type == XML_CDATA_SECTION_NODE;
-        if (!text || first->next != nullptr) {
+        bool lost = !isText(first);
+        for (const xmlNode* next = first->next; next; next = next->next) lost |= holdsMore(next);
+        if (lost) {
             Add(lineOf(node), Severity::Warning, "leaf-not-first-child",
                 "the text of `" + std::string(nameOf(node)) +
                     "` is not all in its first child; only that child is read");
