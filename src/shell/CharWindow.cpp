@@ -101,6 +101,7 @@ CharWindow::CharWindow(std::unique_ptr<CharacterSheet> sheet, QWidget* parent)
 
     tabs_ = new QTabWidget;
     tabs_->setObjectName("TabPanel1");
+    tabs_->setAccessibleName("Character sheet");
     tabs_->addTab(scrolled(attributesTab()), "Attributes");
     tabs_->addTab(scrolled(qualitiesTab()), "Qualities");
     tabs_->addTab(scrolled(skillsTab()), "Skills");
@@ -222,6 +223,8 @@ QWidget* CharWindow::bonusNumber(const std::string& itemName) {
     label->setFixedSize(label->fontMetrics().horizontalAdvance("-8888"),
                         label->fontMetrics().height() + 4);
     label->setCursor(Qt::PointingHandCursor);
+    label->setFocusPolicy(Qt::StrongFocus);
+    label->setAccessibleName(SpokenName(itemName) + " free point");
     label->setAlignment(Qt::AlignCenter);
     label->setToolTip("Click to place a free point here");
     return label;
@@ -230,6 +233,7 @@ QWidget* CharWindow::bonusNumber(const std::string& itemName) {
 QWidget* CharWindow::actionButton(const std::string& name, const QString& caption) {
     auto* button = new QPushButton(caption);
     button->setObjectName(QString::fromStdString(name));
+    button->setAccessibleName(SpokenName(name));
     connect(button, &QPushButton::clicked, this, [this, name] { runOperation(name + "_Action"); });
     return button;
 }
@@ -244,6 +248,7 @@ QWidget* CharWindow::arrows(const std::string& name) {
         auto* button = new QToolButton;
         button->setArrowType(arrow);
         button->setObjectName(QString::fromStdString(name + event));
+        button->setAccessibleName(SpokenName(name + event));
         button->setFixedHeight(14);
         connect(button, &QToolButton::clicked, this,
                 [this, operation = name + event] { runOperation(operation); });
@@ -565,7 +570,8 @@ QWidget* CharWindow::descriptionTab() {
     QWidget* bar = MakeStyleBar({"DescripStylesBevelButton", "DescripFontsBevelButton",
                                  "DescripFontSizeBox", "10", styles,
                                  [this, widgetOf] { return widgetOf(DescripFontsTarget(*sheet_)); },
-                                 styles, [widgetOf, this] { return widgetOf(&sheet_->NotesField); }});
+                                 styles, [widgetOf, this] { return widgetOf(&sheet_->NotesField); },
+                                 "Description"});
 
     auto* page = new QWidget;
     auto* layout = new QVBoxLayout(page);
@@ -592,7 +598,7 @@ QWidget* CharWindow::equipmentTab() {
 
     const auto equipment = [field] { return static_cast<QTextEdit*>(field); };
     QWidget* bar = MakeStyleBar({"EquipStylesBevelButton", "EquipFontsBevelButton", "EquipSizeButton",
-                                 "12", equipment, equipment, equipment, equipment});
+                                 "12", equipment, equipment, equipment, equipment, "Equipment"});
 
     auto* page = new QWidget;
     auto* layout = new QVBoxLayout(page);

@@ -18,6 +18,7 @@ ExportView::ExportView(CharacterSheet& character, QWidget* parent)
     commands_["FileClose"] = [this] { close(); };
     forms_ = new QComboBox;
     forms_->setObjectName("PopupMenu1");
+    forms_->setAccessibleName("Export form");
     for (const std::string& form : model_->PopupMenu1.Rows()) {
         if (form == "-") forms_->insertSeparator(forms_->count());
         else forms_->addItem(QString::fromStdString(form));
@@ -25,6 +26,7 @@ ExportView::ExportView(CharacterSheet& character, QWidget* parent)
     forms_->setCurrentIndex(-1);
     result_ = new QPlainTextEdit;
     result_->setObjectName("EditField1");
+    result_->setAccessibleName("Export result");
     result_->setLineWrapMode(QPlainTextEdit::NoWrap);
     result_->setFont(QFont("Monospace"));
     preview_ = new QPushButton("Preview in Browser");

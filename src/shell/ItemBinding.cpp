@@ -19,8 +19,8 @@
 #include <stdexcept>
 #include <utility>
 
-#include "sheet/CharacterSheet.h"
 #include "app/SheetOperations.h"
+#include "sheet/CharacterSheet.h"
 
 namespace zeph::gui {
 namespace {
@@ -98,7 +98,8 @@ void styleFrom(const QTextCharFormat& format, StyleRun& run) {
     run.bold = format.fontWeight() >= QFont::Bold;
     run.italic = format.fontItalic();
     run.underline = format.fontUnderline();
-    if (format.hasProperty(QTextFormat::FontFamilies) && !format.fontFamilies().toStringList().isEmpty())
+    if (format.hasProperty(QTextFormat::FontFamilies) &&
+        !format.fontFamilies().toStringList().isEmpty())
         run.font = format.fontFamilies().toStringList().first().toStdString();
     if (format.hasProperty(QTextFormat::FontPointSize))
         run.size = static_cast<int>(format.fontPointSize() + 0.5);
@@ -122,10 +123,9 @@ StyledText runsShown(const QTextDocument& document) {
 }
 
 bool sameRuns(const StyledText& a, const StyledText& b) {
-    return std::equal(a.runs.begin(), a.runs.end(), b.runs.begin(), b.runs.end(),
-                      [](const StyleRun& x, const StyleRun& y) {
-                          return x.text == y.text && x.SameStyle(y);
-                      });
+    return std::equal(
+        a.runs.begin(), a.runs.end(), b.runs.begin(), b.runs.end(),
+        [](const StyleRun& x, const StyleRun& y) { return x.text == y.text && x.SameStyle(y); });
 }
 
 class StyledBinding : public ItemBinding {
@@ -143,7 +143,8 @@ class StyledBinding : public ItemBinding {
         QSignalBlocker quiet(&edit_);
         edit_.clear();
         QTextCursor cursor(edit_.document());
-        for (const StyleRun& run : item_.Styled().runs) cursor.insertText(q(run.text), formatOf(run));
+        for (const StyleRun& run : item_.Styled().runs)
+            cursor.insertText(q(run.text), formatOf(run));
     }
 
   private:
@@ -307,8 +308,8 @@ class ListBinding : public ItemBinding {
         tree_.setColumnCount(shownColumns());
         tree_.setHeaderLabels(headings);
         for (int column = 0; column < shownColumns(); ++column)
-            tree_.headerItem()->setTextAlignment(column, centred(column) ? Qt::AlignCenter
-                                                                        : Qt::AlignLeft);
+            tree_.headerItem()->setTextAlignment(column,
+                                                 centred(column) ? Qt::AlignCenter : Qt::AlignLeft);
     }
 
     // "90,120" in pixels, "60%,40%" in parts of the list's width; columns beyond keep theirs.
@@ -425,9 +426,19 @@ bool ItemBinding::eventFilter(QObject* watched, QEvent* event) {
                 }
                 break;
             case QEvent::FocusOut:
-                if (focus_->holder == this && !focusOnlyStepsAway(static_cast<QFocusEvent&>(*event))) {
+                if (focus_->holder == this &&
+                    !focusOnlyStepsAway(static_cast<QFocusEvent&>(*event))) {
                     focus_->holder = nullptr;
                     runEvent(lostFocus_);
+                }
+                break;
+            case QEvent::KeyPress:
+                // A label that takes clicks takes Space and Return from the keyboard as well.
+                if (mouseDown_ && qobject_cast<QLabel*>(&widget_) &&
+                    QList<int>{Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}.contains(
+                        static_cast<QKeyEvent*>(event)->key())) {
+                    runEvent(mouseDown_);
+                    return true;
                 }
                 break;
             case QEvent::MouseButtonPress:
@@ -461,8 +472,43 @@ Item& SheetBinder::find(const std::string& itemName) const {
 
 QWidget* SheetBinder::StyledField(TextItem& item) {
     auto* edit = new QTextEdit(owner_);
+    edit->setAccessibleName(SpokenName(item.Name()));
     adopt(std::make_unique<StyledBinding>(events_, item, *edit, call_));
     return edit;
+}
+
+QString SpokenName(const std::string& name) {
+    // Words start at a capital after a small letter or a digit, at the last capital of a run
+    // followed by a small letter ("XPCost"), at a digit after a letter, and after "_".
+    QStringList words;
+    QString word;
+    const QString text = q(name);
+    for (int i = 0; i < text.size(); ++i) {
+        const QChar c = text[i], before = i ? text[i - 1] : QChar(),
+                    after = i + 1 < text.size() ? text[i + 1] : QChar();
+        const bool starts = (c.isUpper() && (before.isLower() || before.isDigit() ||
+                                             (before.isUpper() && after.isLower()))) ||
+                            (c.isDigit() && before.isLetter()) || c == '_';
+        if (starts && !word.isEmpty()) words << std::exchange(word, QString());
+        if (c != '_') word += c;
+    }
+    if (!word.isEmpty()) words << word;
+    // The widget's kind says nothing a screen reader does not say itself, but a list to choose
+    // from stands beside a field of the same words ("QualityPopup", "QualityField").
+    if (words.size() > 1 && (words.back() == "Popup" || words.back() == "Combo"))
+        words.back() = "choice";
+    while (words.size() > 1 && QStringList{"Field", "Button", "Box"}.contains(words.back()))
+        words.removeLast();
+    const int arrows = words.indexOf("Arrows");
+    if (arrows >= 2 && words[arrows - 1] == "Down" && words[arrows - 2] == "Up") {
+        words.remove(arrows - 2, 3);
+        if (arrows - 2 < words.size() && words[arrows - 2].front().isDigit())
+            words.remove(arrows - 2);
+        words.insert(arrows - 2, "level");
+    }
+    for (int i = 1; i < words.size(); ++i)
+        if (words[i] != words[i].toUpper()) words[i] = words[i].toLower();
+    return words.join(' ');
 }
 
 QWidget* SheetBinder::Widget(const std::string& itemName, const std::string& caption) {
@@ -507,8 +553,8 @@ QWidget* SheetBinder::Widget(const std::string& itemName, const std::string& cap
             box->setEditable(item.Kind() == ItemKind::Combo);
             box->setInsertPolicy(QComboBox::NoInsert);
             box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-            binding =
-                std::make_unique<ComboBinding>(events_, dynamic_cast<ComboItem&>(item), *box, call_);
+            binding = std::make_unique<ComboBinding>(events_, dynamic_cast<ComboItem&>(item), *box,
+                                                     call_);
             widget = box;
             break;
         }
@@ -521,6 +567,12 @@ QWidget* SheetBinder::Widget(const std::string& itemName, const std::string& cap
         }
     }
     adopt(std::move(binding));
+    // A check box says its caption; a toggle, which shows one of several fields, says which;
+    // the other widgets say their item's name, which no other widget of the window shares.
+    if (item.Kind() == ItemKind::Toggle)
+        widget->setAccessibleName("Show " + q(caption).toLower());
+    else if (item.Kind() != ItemKind::Flag)
+        widget->setAccessibleName(SpokenName(itemName));
     return widget;
 }
 
@@ -528,6 +580,7 @@ QLabel* SheetBinder::Label(const std::string& itemName) {
     auto* text = dynamic_cast<TextItem*>(&find(itemName));
     if (text == nullptr) throw std::logic_error(itemName + " holds no text to show in a label");
     auto* label = new QLabel(owner_);
+    label->setAccessibleName(SpokenName(itemName));
     adopt(std::make_unique<LabelBinding>(events_, *text, *label, call_));
     return label;
 }

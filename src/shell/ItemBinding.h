@@ -107,4 +107,9 @@ class SheetBinder {
     std::vector<std::unique_ptr<ItemBinding>> bindings_;
 };
 
+// The name a screen reader speaks for the widget of an item or operation, made from its name:
+// the words of "QualityXPCostPerLevelField" less the widget's kind, "Quality XP cost per level";
+// the level arrows "SkillUpDownArrows1_Up" are "Skill level up". Names are unique, so are these.
+QString SpokenName(const std::string& name);
+
 }  // namespace zeph::gui

@@ -5,10 +5,10 @@
 #include <QVBoxLayout>
 
 #include "app/Journal.h"
+#include "sheet/CharacterSheet.h"
 #include "shell/CoreCall.h"
 #include "shell/ItemBinding.h"
 #include "shell/StyleBar.h"
-#include "sheet/CharacterSheet.h"
 
 namespace zeph::gui {
 
@@ -27,7 +27,7 @@ void JournalView::OpenTheJournal(CharacterSheet& sheet, QWidget* parent, const M
     view->field_ = field;
     const auto journal = [field] { return field; };
     layout->addWidget(MakeStyleBar({"StylesBevelButton", "FontsBevelButton", "SizeButton", "12",
-                                    journal, journal, journal, journal}));
+                                    journal, journal, journal, journal, "Journal"}));
     layout->addWidget(field);
     view->setCentralWidget(central);
     view->binder_->ShowAll();

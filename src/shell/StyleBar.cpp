@@ -19,8 +19,10 @@ const char* const kSizes[] = {"8",  "9",  "10", "11", "12", "14", "16", "18",
 
 void merge(QTextEdit& edit, const QTextCharFormat& change) {
     QTextCursor cursor = edit.textCursor();
-    if (cursor.hasSelection()) cursor.mergeCharFormat(change);
-    else edit.mergeCurrentCharFormat(change);
+    if (cursor.hasSelection())
+        cursor.mergeCharFormat(change);
+    else
+        edit.mergeCurrentCharFormat(change);
 }
 
 QToolButton* menuButton(const QString& name, const QString& caption, const QStringList& items,
@@ -56,7 +58,8 @@ void ApplyStyle(QTextEdit& edit, const QString& style) {
     } else if (style == "Underline") {
         change.setFontUnderline(!now.fontUnderline());
     } else if (style == "Color") {
-        const QColor color = QColorDialog::getColor(now.foreground().color(), &edit, "Select a Color");
+        const QColor color =
+            QColorDialog::getColor(now.foreground().color(), &edit, "Select a Color");
         if (!color.isValid()) return;
         change.setForeground(color);
     }
@@ -74,8 +77,10 @@ void ApplySize(QTextEdit& edit, const QString& size) {
     QTextCursor cursor = edit.textCursor();
     QTextCharFormat plain = cursor.charFormat();
     plain.clearProperty(QTextFormat::FontPointSize);
-    if (cursor.hasSelection()) cursor.setCharFormat(plain);
-    else edit.setCurrentCharFormat(plain);
+    if (cursor.hasSelection())
+        cursor.setCharFormat(plain);
+    else
+        edit.setCurrentCharFormat(plain);
 }
 
 void FormatSelection(QTextEdit& edit, const std::string& command) {
@@ -112,11 +117,18 @@ QWidget* MakeStyleBar(const StyleBarParts& parts) {
     const auto sizeTo = [size](const FieldTarget& target) {
         if (QTextEdit* edit = target()) ApplySize(*edit, size->currentText());
     };
-    QObject::connect(size, &QComboBox::activated, size, [sizeTo, parts] { sizeTo(parts.sizeChosen); });
-    QObject::connect(size->lineEdit(), &QLineEdit::textEdited, size, [sizeTo, parts] { sizeTo(parts.sizeTyped); });
-    QObject::connect(size->lineEdit(), &QLineEdit::editingFinished, size, [sizeTo, parts] { sizeTo(parts.sizeTyped); });
+    QObject::connect(size, &QComboBox::activated, size,
+                     [sizeTo, parts] { sizeTo(parts.sizeChosen); });
+    QObject::connect(size->lineEdit(), &QLineEdit::textEdited, size,
+                     [sizeTo, parts] { sizeTo(parts.sizeTyped); });
+    QObject::connect(size->lineEdit(), &QLineEdit::editingFinished, size,
+                     [sizeTo, parts] { sizeTo(parts.sizeTyped); });
     layout->addWidget(size);
     layout->addStretch(1);
+    // Two bars stand in one window; each control says which field it serves.
+    bar->findChild<QToolButton*>(parts.stylesName)->setAccessibleName(parts.area + " styles");
+    bar->findChild<QToolButton*>(parts.fontsName)->setAccessibleName(parts.area + " fonts");
+    size->setAccessibleName(parts.area + " size");
     return bar;
 }
 

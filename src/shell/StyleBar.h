@@ -19,6 +19,7 @@ struct StyleBarParts {
     FieldTarget styles, fonts;
     FieldTarget sizeChosen;  // a size picked from the list
     FieldTarget sizeTyped;   // a size typed, or the box left
+    QString area;            // what a screen reader says the bar serves: "Description"
 };
 
 QWidget* MakeStyleBar(const StyleBarParts& parts);

@@ -1,0 +1,112 @@
+// What a screen reader finds in each window: every control a user can reach has a name of its
+// own, no two controls of one window share one, and the mouse-only bonus numbers take the
+// keyboard too.
+#include <gtest/gtest.h>
+
+#include <QtWidgets>
+#include <map>
+
+#include "app/App.h"
+#include "app/SheetOperations.h"
+#include "platform/ScriptedPlatform.h"
+#include "ruledata/DataModule.h"
+#include "sheet/CharacterSheet.h"
+#include "shell/CharWindow.h"
+#include "shell/ExportView.h"
+#include "shell/JournalView.h"
+#include "shell/PortraitView.h"
+#include "shell/ToolView.h"
+#include "shell/gui_test_app.h"
+#include "tools/RandomSource.h"
+#include "tools/ReferenceTable.h"
+
+namespace zeph::gui {
+namespace {
+
+// What a user reaches and works: the usual controls, and whatever takes the focus.
+bool isControl(const QWidget* widget) {
+    return qobject_cast<const QAbstractButton*>(widget) || qobject_cast<const QLineEdit*>(widget) ||
+           qobject_cast<const QTextEdit*>(widget) || qobject_cast<const QPlainTextEdit*>(widget) ||
+           qobject_cast<const QComboBox*>(widget) || qobject_cast<const QTabWidget*>(widget) ||
+           qobject_cast<const QAbstractItemView*>(widget) ||
+           qobject_cast<const QAbstractSpinBox*>(widget) ||
+           (qobject_cast<const QLabel*>(widget) && widget->focusPolicy() != Qt::NoFocus);
+}
+
+// The controls without a name, and those sharing one, as "objectName (role)" lines.
+std::string unnamedControls(QWidget& window) {
+    std::map<QString, QStringList> byName;
+    QStringList unnamed;
+    for (QWidget* widget : window.findChildren<QWidget*>()) {
+        // The parts of a combo box or a list speak through it; its popup is a window of its own.
+        const QWidget* owner = widget->parentWidget();
+        if (!isControl(widget) || widget->window() != &window ||
+            qobject_cast<const QComboBox*>(owner) ||
+            qobject_cast<const QAbstractItemView*>(owner) || qobject_cast<const QMenuBar*>(owner))
+            continue;
+        // On Linux Qt gives a combo box with a text that text as its name, and its own name
+        // only when it is empty; the name it was given is what a screen reader has besides.
+        QAccessibleInterface* face = QAccessible::queryAccessibleInterface(widget);
+        const QString name = (qobject_cast<const QComboBox*>(widget) ? widget->accessibleName()
+                              : face                                 ? face->text(QAccessible::Name)
+                                                                     : QString())
+                                 .trimmed();
+        const QString what = widget->objectName() + " (" + widget->metaObject()->className() + ")";
+        if (name.isEmpty())
+            unnamed << what;
+        else
+            byName[name] << what;
+    }
+    std::string report;
+    for (const QString& what : unnamed) report += "unnamed: " + what.toStdString() + "\n";
+    for (const auto& [name, whats] : byName)
+        if (whats.size() > 1)
+            report +=
+                "\"" + name.toStdString() + "\" names " + whats.join(", ").toStdString() + "\n";
+    return report;
+}
+
+TEST(Accessibility, EveryControlOfEveryWindowHasANameOfItsOwn) {
+    test::GuiTestApp();
+    ScriptedPlatform platform{"/nonexistent-prefs", "", "/tmp"};
+    DataModule data;
+    App app{data, platform};
+    ASSERT_TRUE(app.LoadDataFile(ZEPHALON_SOURCE_DIR "/data/rules/sample.xml"));
+    CharWindow window(std::make_unique<CharacterSheet>(data, platform, SheetOperations()));
+    const MenuSources menus{nullptr, [] { return std::vector<std::string>{}; }, {}};
+    window.InstallMenus(menus);
+    EXPECT_EQ(unnamedControls(window), "");
+    // A free point is placed from the keyboard as by a click.
+    window.Sheet().physicalBonus = 1;
+    auto* bonus = window.findChild<QLabel*>("StrengthBonus");
+    ASSERT_TRUE(bonus && bonus->focusPolicy() == Qt::StrongFocus);
+    QKeyEvent space(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, " ");
+    QApplication::sendEvent(bonus, &space);
+    EXPECT_EQ(
+        window.Sheet().StrengthBonus.Text() + "/" + std::to_string(window.Sheet().physicalBonus),
+        "1/0");
+
+    SystemRandom random;
+    ExportView exporting(window.Sheet(), &window);
+    JournalView::OpenTheJournal(window.Sheet(), &window, menus);
+    PortraitView::Open(window.Sheet(), &window, menus);
+    std::vector<QWidget*> windows = {
+        &exporting,
+        ShowDiceView(random, menus),
+        ShowLoadDataView(data, platform, app, menus),
+        ShowAboutView(data, menus),
+        ShowCheckUpdatesView(platform, "localhost", menus),
+        ShowReferenceView(ReferenceTableMenuItem_Action(*data.xdata, platform, "Success Levels"),
+                          menus)};
+    for (QWidget* other : QApplication::topLevelWidgets())
+        if (dynamic_cast<JournalView*>(other) || dynamic_cast<PortraitView*>(other))
+            windows.push_back(other);
+    ASSERT_EQ(windows.size(), 8u);
+    for (QWidget* other : windows)
+        EXPECT_EQ(unnamedControls(*other), "") << other->windowTitle().toStdString();
+    for (QWidget* other : windows)
+        if (other != &exporting) other->close();
+}
+
+}  // namespace
+}  // namespace zeph::gui
