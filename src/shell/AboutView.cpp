@@ -27,12 +27,12 @@ ToolView* ShowAboutView(const DataModule& data, const MenuSources& menus) {
     logo->setStyleSheet("font: bold 30pt serif; color: #d9a441;");
     auto* badge = new QLabel("Unisystem");
     badge->setStyleSheet(
-        "border: 1px solid #8a93a8; border-radius: 4px; padding: 2px 6px; color: #5b6478;");
+        "border: 1px solid palette(mid); border-radius: 4px; padding: 2px 6px;");
     auto* books = static_cast<QLabel*>(view->Bind("BooksinUseText"));
     books->setWordWrap(true);
     auto* credit = static_cast<QLabel*>(view->Bind("StaticText1"));
     credit->setWordWrap(true);
-    credit->setStyleSheet("font-size: 9pt; color: #5b6478;");
+    credit->setStyleSheet("font-size: 9pt;");
     auto* layout = new QVBoxLayout;
     layout->setContentsMargins(24, 20, 24, 20);
     layout->addWidget(logo, 0, Qt::AlignCenter);

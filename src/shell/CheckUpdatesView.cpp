@@ -14,7 +14,7 @@ ToolView* ShowCheckUpdatesView(Platform& platform, const std::string& webHost,
                                const MenuSources& menus) {
     auto* view = new ToolView(std::make_unique<CheckUpdatesWindow>(platform, webHost), menus);
     auto* link = static_cast<QLabel*>(view->Bind("GrabNewVersionText"));
-    link->setStyleSheet("color: blue; text-decoration: underline;");
+    link->setStyleSheet("color: palette(link); text-decoration: underline;");
     link->setCursor(Qt::PointingHandCursor);
     // The wheel turns while the item is visible; the label under it only carries that.
     auto* wheel = new QProgressBar;
