@@ -213,7 +213,9 @@ QWidget* CharWindow::shown(const std::string& itemName) {
 QWidget* CharWindow::bonusNumber(const std::string& itemName) {
     QLabel* label = binder_->Label(itemName);
     QPalette green = label->palette();
-    green.setColor(QPalette::WindowText, QColor(0x1a, 0x8f, 0x2a));
+    // The rules call these numbers green: a deep one on a light window, a bright one on a dark.
+    const bool dark = green.color(QPalette::Window).lightness() < 128;
+    green.setColor(QPalette::WindowText, dark ? QColor(0x5c, 0xd6, 0x6b) : QColor(0x1a, 0x8f, 0x2a));
     label->setPalette(green);
     QFont bold = label->font();
     bold.setBold(true);
