@@ -166,7 +166,7 @@ void CharWindow::addCommands() {
     commands_["FileSaveAsCharacterFile"] = [this] {
         call([this] { FileSaveAsCharacterFile_Action(*sheet_); });
     };
-    commands_["FileExport"] = [this] { ShowInFront(*new ExportView(*sheet_, this)); };
+    commands_["FileExport"] = [this] { ShowInFront(*new ExportView(*sheet_, menus_, this)); };
     commands_["FileCharacterJournal"] = [this] {
         JournalView::OpenTheJournal(*sheet_, this, menus_);
     };
