@@ -23,6 +23,7 @@
 #include <QVBoxLayout>
 
 #include "documents/CharacterFile.h"
+#include "documents/Recovery.h"
 #include "documents/SavingCharacters.h"
 #include "sheet/CharacterSheet.h"
 #include "rules/Equipment.h"
@@ -157,6 +158,10 @@ void CharWindow::InstallMenus(const MenuSources& sources) {
 
 void CharWindow::Load(const std::string& path) {
     call([&] { LoadXMLCharSheet(*sheet_, path); });
+}
+
+void CharWindow::Reopen(const LeftBehindCopy& copy) {
+    call([&] { ReopenLeftBehindCopy(*sheet_, copy); });
 }
 
 void CharWindow::addCommands() {

@@ -38,6 +38,14 @@ class DialogParent {
     QPointer<QWidget> window_;
 };
 
+// The program's folder under an XDG base folder: the variable's value, or `fallback` under the
+// home folder when it is unset or relative (the XDG rule says to ignore a relative one).
+std::string xdgFolder(const char* variable, const QString& fallback) {
+    QString base = qEnvironmentVariable(variable);
+    if (base.isEmpty() || QDir::isRelativePath(base)) base = QDir::homePath() + fallback;
+    return (base + "/zephalon").toStdString();
+}
+
 std::optional<std::string> chosen(const QString& path) {
     if (path.isEmpty()) return std::nullopt;
     return path.toStdString();
@@ -100,6 +108,20 @@ SaveChangesAnswer QtPlatform::AskSaveChanges(const std::string& message,
     return SaveChangesAnswer::Cancel;
 }
 
+bool QtPlatform::AskChoice(const std::string& message, const std::string& yes,
+                           const std::string& no) {
+    DialogParent parent;
+    QMessageBox box(parent);
+    box.setWindowTitle(QApplication::applicationName());
+    box.setIcon(QMessageBox::Question);
+    box.setText(q(message));
+    QPushButton* accept = box.addButton(q(yes), QMessageBox::AcceptRole);
+    box.setEscapeButton(box.addButton(q(no), QMessageBox::RejectRole));
+    box.setDefaultButton(accept);
+    box.exec();
+    return box.clickedButton() == accept;
+}
+
 int QtPlatform::ShowNotice(const std::string& text) {
     auto* notice = new QWidget(nullptr, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
     notice->setAttribute(Qt::WA_DeleteOnClose);
@@ -121,12 +143,9 @@ void QtPlatform::CloseNotice(int notice) {
     notices_.erase(found);
 }
 
-std::string QtPlatform::PreferencesFolder() {
-    // The XDG rule: a relative XDG_CONFIG_HOME is to be ignored.
-    QString base = qEnvironmentVariable("XDG_CONFIG_HOME");
-    if (base.isEmpty() || QDir::isRelativePath(base)) base = QDir::homePath() + "/.config";
-    return (base + "/zephalon").toStdString();
-}
+std::string QtPlatform::PreferencesFolder() { return xdgFolder("XDG_CONFIG_HOME", "/.config"); }
+
+std::string QtPlatform::StateFolder() { return xdgFolder("XDG_STATE_HOME", "/.local/state"); }
 
 std::string QtPlatform::ApplicationFolder() {
     return QCoreApplication::applicationDirPath().toStdString();
