@@ -15,6 +15,7 @@ class RecoveryTest : public SheetTest {
         UseSample();
         platform.SetStateFolder(folder.At("state"));  // made at the first write
         AssignRecoveryCopy(*sheet);
+        copy = sheet->recoveryCopyPath;
         SetTexts("NameField=Ann|PlayerField=Bo|StrengthField=4");
         AddQualityRow("Hard to Kill", {{1, "3"}, {4, "noted"}});
     }
@@ -25,7 +26,8 @@ class RecoveryTest : public SheetTest {
     }
 
     TempFolder folder{"recovery"};
-    const std::string copy = sheet->recoveryCopyPath, state = folder.At("state/");
+    const std::string state = folder.At("state/");
+    std::string copy;
 };
 
 TEST_F(RecoveryTest, WrittenWhileUnsavedAndGoneOnSaveAndOnClose) {
@@ -64,7 +66,7 @@ TEST_F(RecoveryTest, OfferedOnlyWhenItsWriterIsGoneAndReopenedUnsavedAndBound) {
     };
     platform.QueueAnswer("Reopen");
     OfferLeftBehindWork(platform, reopen);
-    EXPECT_EQ(platform.Transcript().back(),
+    EXPECT_EQ(platform.Transcript().front(),
               "dialog: Zephalon closed unexpectedly. Reopen the unsaved work of 1 character? "
               "Reopen/Discard -> Reopen");
     ASSERT_TRUE(reopened);
