@@ -46,6 +46,13 @@ std::string xdgFolder(const char* variable, const QString& fallback) {
     return (base + "/zephalon").toStdString();
 }
 
+// Every message box of the program: its name as the title, an icon and the text.
+void prepare(QMessageBox& box, QMessageBox::Icon icon, const std::string& text) {
+    box.setWindowTitle(QApplication::applicationName());
+    box.setIcon(icon);
+    box.setText(q(text));
+}
+
 std::optional<std::string> chosen(const QString& path) {
     if (path.isEmpty()) return std::nullopt;
     return path.toStdString();
@@ -66,8 +73,7 @@ QString FileDialogFilter(const FileType& type) {
 void QtPlatform::MsgBox(const std::string& text) {
     DialogParent parent;
     QMessageBox box(parent);
-    box.setWindowTitle(QApplication::applicationName());
-    box.setText(q(text));
+    prepare(box, QMessageBox::NoIcon, text);
     box.exec();
 }
 
@@ -93,9 +99,7 @@ SaveChangesAnswer QtPlatform::AskSaveChanges(const std::string& message,
                                              const std::string& explanation) {
     DialogParent parent;
     QMessageBox box(parent);
-    box.setWindowTitle(QApplication::applicationName());
-    box.setIcon(QMessageBox::Warning);
-    box.setText(q(message));
+    prepare(box, QMessageBox::Warning, message);
     box.setInformativeText(q(explanation));
     QPushButton* save = box.addButton("Save", QMessageBox::AcceptRole);
     QPushButton* dontSave = box.addButton("Don't Save", QMessageBox::DestructiveRole);
@@ -112,9 +116,7 @@ bool QtPlatform::AskChoice(const std::string& message, const std::string& yes,
                            const std::string& no) {
     DialogParent parent;
     QMessageBox box(parent);
-    box.setWindowTitle(QApplication::applicationName());
-    box.setIcon(QMessageBox::Question);
-    box.setText(q(message));
+    prepare(box, QMessageBox::Question, message);
     QPushButton* accept = box.addButton(q(yes), QMessageBox::AcceptRole);
     box.setEscapeButton(box.addButton(q(no), QMessageBox::RejectRole));
     box.setDefaultButton(accept);
