@@ -104,14 +104,22 @@ void GuiApp::OpenCharacter(const std::string& path) {
 }
 
 void GuiApp::OfferRecovery() {
-    CallCore([this] {
-        OfferLeftBehindWork(platform_, [this](const LeftBehindCopy& copy) {
+    // The question comes as the first window opens, before it is active, so nothing would get
+    // the focus back after it: the window in front does, the last one reopened or the first.
+    QPointer<CharWindow> front;
+    for (QWidget* widget : QApplication::topLevelWidgets())
+        if (auto* window = dynamic_cast<CharWindow*>(widget); window && window->isVisible())
+            front = window;
+    CallCore([&] {
+        OfferLeftBehindWork(platform_, [&](const LeftBehindCopy& copy) {
             if (CharWindow* window = makeWindow()) {
                 window->Reopen(copy);
                 showFilled(*window);
+                if (!window->Sheet().characterClosed) front = window;
             }
         });
     });
+    if (front) ShowInFront(*front);
 }
 
 void GuiApp::showFilled(CharWindow& window) {
