@@ -7,14 +7,15 @@
 #include <filesystem>
 #include <string>
 
+#include "app/SheetOperations.h"
 #include "documents/CharacterFile.h"
 #include "documents/ExportWindow.h"
+#include "documents/Recovery.h"
 #include "documents/SavingCharacters.h"
 #include "large_rule_data.h"
 #include "platform/Files.h"
 #include "platform/ScriptedPlatform.h"
 #include "ruledata/DataModule.h"
-#include "app/SheetOperations.h"
 #include "sheet/CharacterSheet.h"
 
 namespace zeph::bench {
@@ -99,8 +100,41 @@ void ExportHtml(benchmark::State& state) {
         state.SkipWithError("the HTML export did not run");
 }
 
+// The recovery copy that the app writes every 30 seconds while a character has unsaved changes,
+// bound to its file; it runs on the event loop, so the user must never feel it.
+void Autosave(benchmark::State& state) {
+    BigCharacter character;
+    const std::filesystem::path folder = character.path + ".state";
+    character.platform.SetStateFolder(folder.string());
+    AssignRecoveryCopy(character.sheet);
+    character.sheet.fileSaveString = character.path;
+    character.sheet.savedChar = false;
+    for (auto _ : state) UpdateRecoveryCopy(character.sheet);
+    if (!IsExistingFile(character.sheet.recoveryCopyPath))
+        state.SkipWithError("no recovery copy was written");
+    std::filesystem::remove_all(folder);
+}
+
+// What every start does when nothing was left behind: one look into the state folder.
+void StartWithNothingToRecover(benchmark::State& state) {
+    BigCharacter character;
+    const std::filesystem::path folder = character.path + ".state";
+    std::filesystem::create_directories(folder);
+    character.platform.SetStateFolder(folder.string());
+    for (auto _ : state)
+        OfferLeftBehindWork(character.platform, [&](const LeftBehindCopy&) {
+            state.SkipWithError("a copy was offered");
+        });
+    if (!character.platform.Transcript().empty()) state.SkipWithError("a question was asked");
+    std::filesystem::remove_all(folder);
+}
+
 BENCHMARK(SaveOpen)->Name("SaveOpen/large")->Unit(benchmark::kMillisecond);
 BENCHMARK(ExportHtml)->Name("ExportHtml/large")->Unit(benchmark::kMillisecond);
+BENCHMARK(Autosave)->Name("Autosave/large")->Unit(benchmark::kMillisecond);
+BENCHMARK(StartWithNothingToRecover)
+    ->Name("Autosave/start_with_nothing")
+    ->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace zeph::bench

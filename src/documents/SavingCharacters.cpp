@@ -4,6 +4,7 @@
 
 #include "documents/CharacterFile.h"
 #include "documents/RecentFiles.h"
+#include "documents/Recovery.h"
 #include "platform/Platform.h"
 #include "sheet/CharacterSheet.h"
 #include "text/TextHelpers.h"
@@ -68,6 +69,22 @@ void recordRecentFile(CharacterSheet& sheet, const std::string& path) {
     PushRecentFile(sheet.Data(), fileNameOf(path), path);
 }
 
+// The closing question; true keeps the character open.
+bool askKeepOpen(CharacterSheet& sheet) {
+    switch (sheet.Host().AskSaveChanges(
+        "Do you want to save changes to " + sheet.NameField.Text() + " before closing?",
+        "If you don't save, your changes will be lost.")) {
+        case SaveChangesAnswer::Save:
+            FileSave_Action(sheet);
+            return false;
+        case SaveChangesAnswer::DontSave:
+            return false;
+        case SaveChangesAnswer::Cancel:
+            break;
+    }
+    return true;
+}
+
 }  // namespace
 
 std::string SanitiseForXml(std::string_view text) {
@@ -102,6 +119,7 @@ void SaveFile(CharacterSheet& sheet) {
     if (!writeCharacter(sheet, *file, path)) return;
     platform.MsgBox(sheet.NameField.Text() + " Saved.");
     sheet.savedChar = true;
+    RemoveRecoveryCopy(sheet);
     recordRecentFile(sheet, AbsolutePath(path));
     platform.CloseNotice(notice);
 }
@@ -125,6 +143,7 @@ void SaveAsFile(CharacterSheet& sheet) {
     recordRecentFile(sheet, sheet.fileSaveString);
     platform.MsgBox(sheet.NameField.Text() + " Saved.");
     sheet.savedChar = true;
+    RemoveRecoveryCopy(sheet);
     platform.CloseNotice(notice);
 }
 
@@ -139,19 +158,10 @@ bool Event_CancelClose(CharacterSheet& sheet) {
     // The journal's closing writes its text into the sheet, before the question.
     if (sheet.journalWindowIsOpen && sheet.journalWindowHandle) sheet.journalWindowHandle->Close();
     if (sheet.portraitWindowIsOpen && sheet.portraitWindowHandle) sheet.portraitWindowHandle->Close();
-    if (sheet.savedChar) return false;
-    switch (sheet.Host().AskSaveChanges(
-        "Do you want to save changes to " + sheet.NameField.Text() + " before closing?",
-        "If you don't save, your changes will be lost.")) {
-        case SaveChangesAnswer::Save:
-            FileSave_Action(sheet);
-            return false;
-        case SaveChangesAnswer::DontSave:
-            return false;
-        case SaveChangesAnswer::Cancel:
-            break;
-    }
-    return true;
+    if (!sheet.savedChar && askKeepOpen(sheet)) return true;
+    // Saved or given up by the user: either way nothing is left to recover.
+    RemoveRecoveryCopy(sheet);
+    return false;
 }
 
 void AddSavingOperations(OperationTable& table) {

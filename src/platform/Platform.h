@@ -46,6 +46,9 @@ public:
     // The caution box with "Save", "Don't Save" and Cancel.
     virtual SaveChangesAnswer AskSaveChanges(const std::string& message,
                                              const std::string& explanation) = 0;
+    // A question with two buttons: true for `yes`, false for `no` or a box closed unanswered.
+    virtual bool AskChoice(const std::string& message, const std::string& yes,
+                           const std::string& no) = 0;
     // A small window with one text and no controls ("Saving character. Please wait..."),
     // painted before the work starts; the number closes it again.
     virtual int ShowNotice(const std::string& text) = 0;
@@ -60,6 +63,8 @@ public:
     virtual std::string PreferencesFolder() = 0;
     virtual std::string ApplicationFolder() = 0;
     virtual std::string TemporaryFolder() = 0;
+    // Where what outlives a run but is no preference is kept: the recovery copies.
+    virtual std::string StateFolder() = 0;
 
     virtual void ShowURL(const std::string& url) = 0;
 

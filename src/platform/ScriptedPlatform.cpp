@@ -81,6 +81,12 @@ SaveChangesAnswer ScriptedPlatform::AskSaveChanges(const std::string& message,
     return SaveChangesAnswer::Cancel;
 }
 
+bool ScriptedPlatform::AskChoice(const std::string& message, const std::string& yes,
+                                 const std::string& no) {
+    std::optional<std::string> answer = nextPath(message + " " + yes + "/" + no);
+    return answer && EqualsNoCase(*answer, yes);
+}
+
 int ScriptedPlatform::ShowNotice(const std::string& text) {
     notices_[++nextNotice_] = text;
     line("notice: " + text);

@@ -37,6 +37,9 @@ public:
     std::optional<std::string> SelectFolderDialog(const std::string& prompt) override;
     SaveChangesAnswer AskSaveChanges(const std::string& message,
                                      const std::string& explanation) override;
+    // Answered by the next answer, a button's caption.
+    bool AskChoice(const std::string& message, const std::string& yes,
+                   const std::string& no) override;
     int ShowNotice(const std::string& text) override;
     void CloseNotice(int notice) override;
     // Files are real unless a fault is set: none can be made, or the disk fills while writing.
@@ -48,6 +51,11 @@ public:
     std::string PreferencesFolder() override { return preferencesFolder_; }
     std::string ApplicationFolder() override { return applicationFolder_; }
     std::string TemporaryFolder() override { return temporaryFolder_; }
+    // The temporary folder unless set.
+    std::string StateFolder() override {
+        return stateFolder_.empty() ? temporaryFolder_ : stateFolder_;
+    }
+    void SetStateFolder(std::string folder) { stateFolder_ = std::move(folder); }
     void ShowURL(const std::string& url) override;
     // Answered at once by the next answer: "error N" fails with N, a file's path is served as
     // the download, "cancel" gives no file; with no answer queued the fetch never ends.
@@ -62,7 +70,7 @@ private:
     std::optional<std::string> nextPath(const std::string& dialog);
     void line(const std::string& text);
 
-    std::string preferencesFolder_, applicationFolder_, temporaryFolder_;
+    std::string preferencesFolder_, applicationFolder_, temporaryFolder_, stateFolder_;
     std::deque<std::string> answers_;
     std::vector<std::string> transcript_;
     std::vector<std::string> messages_;

@@ -197,6 +197,8 @@ public:
     std::string m_altform;
     std::array<std::int64_t, 15> m_all_bonuses{};
     std::string fileSaveString;
+    // This character's recovery copy in the state folder; empty when it keeps none.
+    std::string recoveryCopyPath;
     bool loadingCharFile = false;
     bool savedChar = true;
     std::string title = "Zephalon Character Creator";

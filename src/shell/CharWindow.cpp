@@ -23,6 +23,7 @@
 #include <QVBoxLayout>
 
 #include "documents/CharacterFile.h"
+#include "documents/Recovery.h"
 #include "documents/SavingCharacters.h"
 #include "sheet/CharacterSheet.h"
 #include "rules/Equipment.h"
@@ -160,6 +161,10 @@ void CharWindow::Load(const std::string& path) {
     call([&] { LoadXMLCharSheet(*sheet_, path); });
 }
 
+void CharWindow::Reopen(const LeftBehindCopy& copy) {
+    call([&] { ReopenLeftBehindCopy(*sheet_, copy); });
+}
+
 void CharWindow::addCommands() {
     for (int tab = 0; tab < 6; ++tab) commands_[kTabCommands[tab]] = [this, tab] { showTab(tab); };
     commands_["FileClose"] = [this] { close(); };
@@ -167,7 +172,7 @@ void CharWindow::addCommands() {
     commands_["FileSaveAsCharacterFile"] = [this] {
         call([this] { FileSaveAsCharacterFile_Action(*sheet_); });
     };
-    commands_["FileExport"] = [this] { ShowInFront(*new ExportView(*sheet_, this)); };
+    commands_["FileExport"] = [this] { ShowInFront(*new ExportView(*sheet_, menus_, this)); };
     commands_["FileCharacterJournal"] = [this] {
         JournalView::OpenTheJournal(*sheet_, this, menus_);
     };

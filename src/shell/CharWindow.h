@@ -18,6 +18,7 @@ class QTimer;
 
 namespace zeph {
 class CharacterSheet;
+struct LeftBehindCopy;
 }
 
 namespace zeph::gui {
@@ -33,6 +34,8 @@ class CharWindow : public QMainWindow, public CommandTarget {
     void InstallMenus(const MenuSources& sources);
     // Fills the new sheet from a character file (by the open dialog when `path` is empty).
     void Load(const std::string& path);
+    // Fills the new sheet from what a crash left behind, marked unsaved.
+    void Reopen(const LeftBehindCopy& copy);
 
   protected:
     // The closing question: Cancel keeps the window.

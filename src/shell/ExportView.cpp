@@ -12,7 +12,7 @@
 
 namespace zeph::gui {
 
-ExportView::ExportView(CharacterSheet& character, QWidget* parent)
+ExportView::ExportView(CharacterSheet& character, const MenuSources& menus, QWidget* parent)
     : QMainWindow(parent), model_(std::make_unique<ExportWindow>(character)) {
     setAttribute(Qt::WA_DeleteOnClose);
     commands_["FileClose"] = [this] { close(); };
@@ -65,6 +65,7 @@ ExportView::ExportView(CharacterSheet& character, QWidget* parent)
     layout->addWidget(result_, 1);
     layout->addLayout(buttons);
     setCentralWidget(central);
+    if (menus.recentItems) BuildMenuBar(*this, menus);
     resize(720, 560);
     showModel();
 }

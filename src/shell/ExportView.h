@@ -20,7 +20,8 @@ namespace zeph::gui {
 
 class ExportView : public QMainWindow, public CommandTarget {
   public:
-    explicit ExportView(CharacterSheet& character, QWidget* parent = nullptr);
+    // With the shared menu bar when `menus` has one, so that its Close Window closes this window.
+    ExportView(CharacterSheet& character, const MenuSources& menus, QWidget* parent = nullptr);
     ~ExportView() override;
 
   private:

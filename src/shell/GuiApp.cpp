@@ -3,21 +3,23 @@
 #include <QApplication>
 #include <QTimer>
 
-#include "documents/CharacterFile.h"
-#include "documents/RecentFiles.h"
-#include "ruledata/DataModule.h"
 #include "app/App.h"
 #include "app/SheetOperations.h"
+#include "documents/CharacterFile.h"
+#include "documents/RecentFiles.h"
+#include "documents/Recovery.h"
+#include "ruledata/DataModule.h"
+#include "sheet/CharacterSheet.h"
 #include "shell/CharWindow.h"
 #include "shell/CoreCall.h"
 #include "shell/ToolView.h"
-#include "sheet/CharacterSheet.h"
 #include "tools/ReferenceTable.h"
 
 namespace zeph::gui {
 namespace {
 
 constexpr int kRecentChoiceDelay = 500;  // ms: the menu closes and the notice paints first
+constexpr int kRecoveryInterval = 30000;  // ms: the most work a crash can take
 
 }  // namespace
 
@@ -45,6 +47,10 @@ GuiApp::GuiApp(DataModule& data, Platform& platform, App& app)
                         [this] { return ShowCheckUpdatesView(platform_, webHost_, Sources()); });
          }},
     };
+    auto* recovery = new QTimer(this);
+    recovery->setInterval(kRecoveryInterval);
+    connect(recovery, &QTimer::timeout, this, [this] { updateRecoveryCopies(); });
+    recovery->start();
 }
 
 MenuSources GuiApp::Sources() {
@@ -71,6 +77,7 @@ CharWindow* GuiApp::makeWindow() {
     CharWindow* window = nullptr;
     CallCore([&] {
         window = new CharWindow(std::make_unique<CharacterSheet>(data_, platform_, SheetOperations()));
+        AssignRecoveryCopy(window->Sheet());
         // A new window refills the recent submenu; its sheet starts with nothing unsaved.
         RemoveRecentOpenItems(data_);
         RebuildRecentOpenItems(data_);
@@ -93,11 +100,39 @@ void GuiApp::OpenCharacter(const std::string& path) {
     // By the dialog the window stands behind it; from the recent list it shows once filled.
     if (path.empty()) window->show();
     window->Load(path);
-    if (window->Sheet().characterClosed) {
-        window->deleteLater();
-        return;
-    }
-    ShowInFront(*window);
+    showFilled(*window);
+}
+
+void GuiApp::OfferRecovery() {
+    // The question comes as the first window opens, before it is active, so nothing would get
+    // the focus back after it: the window in front does, the last one reopened or the first.
+    QPointer<CharWindow> front;
+    for (QWidget* widget : QApplication::topLevelWidgets())
+        if (auto* window = dynamic_cast<CharWindow*>(widget); window && window->isVisible())
+            front = window;
+    CallCore([&] {
+        OfferLeftBehindWork(platform_, [&](const LeftBehindCopy& copy) {
+            if (CharWindow* window = makeWindow()) {
+                window->Reopen(copy);
+                showFilled(*window);
+                if (!window->Sheet().characterClosed) front = window;
+            }
+        });
+    });
+    if (front) ShowInFront(*front);
+}
+
+void GuiApp::showFilled(CharWindow& window) {
+    if (window.Sheet().characterClosed)
+        window.deleteLater();
+    else
+        ShowInFront(window);
+}
+
+void GuiApp::updateRecoveryCopies() {
+    for (QWidget* widget : QApplication::topLevelWidgets())
+        if (auto* window = dynamic_cast<CharWindow*>(widget))
+            CallCore([window] { UpdateRecoveryCopy(window->Sheet()); });
 }
 
 bool GuiApp::CloseAll() {

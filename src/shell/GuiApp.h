@@ -30,6 +30,8 @@ class GuiApp : public QObject, public CommandTarget {
     CharWindow* NewWindow();
     // Opens a character into a new window: by the open dialog when `path` is empty.
     void OpenCharacter(const std::string& path);
+    // Offers back the unsaved work that a crash left behind, when there is any.
+    void OfferRecovery();
     // Closes every character window in turn, then the tools; a character window that is kept
     // open stops the quit.
     bool CloseAll();
@@ -41,6 +43,10 @@ class GuiApp : public QObject, public CommandTarget {
 
   private:
     CharWindow* makeWindow();
+    // A window whose sheet was just filled: shown, or gone when the filling closed it.
+    void showFilled(CharWindow& window);
+    // Every open character with unsaved changes writes its recovery copy.
+    void updateRecoveryCopies();
     // Brings up the one window of a kind, made anew by `make` when there is none.
     void showSingle(QPointer<ToolView>& single, const std::function<ToolView*()>& make);
 

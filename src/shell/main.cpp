@@ -1,5 +1,6 @@
 // The desktop app: find and load the rule data, open one empty character, run until quit.
 #include <QApplication>
+#include <QTimer>
 #include <optional>
 
 #include "platform/qt/QtPlatform.h"
@@ -33,6 +34,8 @@ int main(int argc, char* argv[]) {
     zeph::gui::GuiApp gui(data, platform, app);
     // Without a character window there is nothing on screen to work in.
     if (!gui.NewWindow()) return 1;
+    // Once the loop runs and the window stands: what a crash left behind, if anything.
+    QTimer::singleShot(0, &gui, [&gui] { gui.OfferRecovery(); });
 
     const int code = QApplication::exec();
     if (!zeph::gui::UnhandledFailureHappened()) data.SaveDataFilePreferences(platform);

@@ -38,6 +38,21 @@ class DialogParent {
     QPointer<QWidget> window_;
 };
 
+// The program's folder under an XDG base folder: the variable's value, or `fallback` under the
+// home folder when it is unset or relative (the XDG rule says to ignore a relative one).
+std::string xdgFolder(const char* variable, const QString& fallback) {
+    QString base = qEnvironmentVariable(variable);
+    if (base.isEmpty() || QDir::isRelativePath(base)) base = QDir::homePath() + fallback;
+    return (base + "/zephalon").toStdString();
+}
+
+// Every message box of the program: its name as the title, an icon and the text.
+void prepare(QMessageBox& box, QMessageBox::Icon icon, const std::string& text) {
+    box.setWindowTitle(QApplication::applicationName());
+    box.setIcon(icon);
+    box.setText(q(text));
+}
+
 std::optional<std::string> chosen(const QString& path) {
     if (path.isEmpty()) return std::nullopt;
     return path.toStdString();
@@ -58,8 +73,7 @@ QString FileDialogFilter(const FileType& type) {
 void QtPlatform::MsgBox(const std::string& text) {
     DialogParent parent;
     QMessageBox box(parent);
-    box.setWindowTitle(QApplication::applicationName());
-    box.setText(q(text));
+    prepare(box, QMessageBox::NoIcon, text);
     box.exec();
 }
 
@@ -85,9 +99,7 @@ SaveChangesAnswer QtPlatform::AskSaveChanges(const std::string& message,
                                              const std::string& explanation) {
     DialogParent parent;
     QMessageBox box(parent);
-    box.setWindowTitle(QApplication::applicationName());
-    box.setIcon(QMessageBox::Warning);
-    box.setText(q(message));
+    prepare(box, QMessageBox::Warning, message);
     box.setInformativeText(q(explanation));
     QPushButton* save = box.addButton("Save", QMessageBox::AcceptRole);
     QPushButton* dontSave = box.addButton("Don't Save", QMessageBox::DestructiveRole);
@@ -98,6 +110,18 @@ SaveChangesAnswer QtPlatform::AskSaveChanges(const std::string& message,
     if (box.clickedButton() == save) return SaveChangesAnswer::Save;
     if (box.clickedButton() == dontSave) return SaveChangesAnswer::DontSave;
     return SaveChangesAnswer::Cancel;
+}
+
+bool QtPlatform::AskChoice(const std::string& message, const std::string& yes,
+                           const std::string& no) {
+    DialogParent parent;
+    QMessageBox box(parent);
+    prepare(box, QMessageBox::Question, message);
+    QPushButton* accept = box.addButton(q(yes), QMessageBox::AcceptRole);
+    box.setEscapeButton(box.addButton(q(no), QMessageBox::RejectRole));
+    box.setDefaultButton(accept);
+    box.exec();
+    return box.clickedButton() == accept;
 }
 
 int QtPlatform::ShowNotice(const std::string& text) {
@@ -121,12 +145,9 @@ void QtPlatform::CloseNotice(int notice) {
     notices_.erase(found);
 }
 
-std::string QtPlatform::PreferencesFolder() {
-    // The XDG rule: a relative XDG_CONFIG_HOME is to be ignored.
-    QString base = qEnvironmentVariable("XDG_CONFIG_HOME");
-    if (base.isEmpty() || QDir::isRelativePath(base)) base = QDir::homePath() + "/.config";
-    return (base + "/zephalon").toStdString();
-}
+std::string QtPlatform::PreferencesFolder() { return xdgFolder("XDG_CONFIG_HOME", "/.config"); }
+
+std::string QtPlatform::StateFolder() { return xdgFolder("XDG_STATE_HOME", "/.local/state"); }
 
 std::string QtPlatform::ApplicationFolder() {
     return QCoreApplication::applicationDirPath().toStdString();

@@ -26,12 +26,15 @@ class QtPlatform : public Platform {
     std::optional<std::string> SelectFolderDialog(const std::string& prompt) override;
     SaveChangesAnswer AskSaveChanges(const std::string& message,
                                      const std::string& explanation) override;
+    bool AskChoice(const std::string& message, const std::string& yes,
+                   const std::string& no) override;
     int ShowNotice(const std::string& text) override;
     void CloseNotice(int notice) override;
 
     std::string PreferencesFolder() override;
     std::string ApplicationFolder() override;
     std::string TemporaryFolder() override;
+    std::string StateFolder() override;
 
     void ShowURL(const std::string& url) override;
     void FetchToFile(const std::string& url, const std::string& path, FetchDone done,
