@@ -87,7 +87,7 @@ TEST(Accessibility, EveryControlOfEveryWindowHasANameOfItsOwn) {
         "1/0");
 
     SystemRandom random;
-    ExportView exporting(window.Sheet(), &window);
+    ExportView exporting(window.Sheet(), menus, &window);
     JournalView::OpenTheJournal(window.Sheet(), &window, menus);
     PortraitView::Open(window.Sheet(), &window, menus);
     std::vector<QWidget*> windows = {
