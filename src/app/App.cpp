@@ -4,6 +4,7 @@
 
 #include "platform/Files.h"
 #include "platform/Platform.h"
+#include "platform/ShippedFiles.h"
 #include "ruledata/DataModule.h"
 #include "ruledata/RuleData.h"
 
@@ -20,17 +21,12 @@ const char* const kMissingDocumentationMessage =
 }  // namespace
 
 std::string App::BundledRulesFolder() const {
-    // Beside the binaries in a build tree (build/bin), or in an installed share folder.
-    const std::string appFolder = platform_.ApplicationFolder();
-    for (const char* relative : {"../../data/rules", "../share/zephalon/rules", "data/rules"}) {
-        std::string folder = AbsolutePath(JoinPath(appFolder, relative));
-        if (IsExistingFolder(folder)) return folder;
-    }
-    return "";
+    const std::string folder = ShippedFolder(platform_.ApplicationFolder(), ShippedFiles::Rules);
+    return IsExistingFolder(folder) ? folder : "";
 }
 
 void App::HelpHelp_Action() {
-    std::string folder = JoinPath(platform_.ApplicationFolder(), "Documentation");
+    std::string folder = ShippedFolder(platform_.ApplicationFolder(), ShippedFiles::Documentation);
     if (!IsExistingFolder(folder)) {
         platform_.MsgBox(kMissingDocumentationMessage);
         const auto chosen = platform_.SelectFolderDialog("Where is the Documentation folder?");

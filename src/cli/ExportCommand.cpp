@@ -52,8 +52,9 @@ int RunExportCommand(const std::vector<std::string>& arguments, const std::strin
         return 2;
     }
     const std::string stylesheet = FindExportForm(form->second)->stylesheet;
-    if (!stylesheet.empty() && !IsExistingFile(JoinPath(applicationFolder, stylesheet))) {
-        err << "cannot find the stylesheet " << JoinPath(applicationFolder, stylesheet) << "\n";
+    const std::string stylesheetPath = StylesheetPath(applicationFolder, stylesheet);
+    if (!stylesheet.empty() && !IsExistingFile(stylesheetPath)) {
+        err << "cannot find the stylesheet " << stylesheetPath << "\n";
         return 2;
     }
     if (!IsExistingFile(request.character)) {

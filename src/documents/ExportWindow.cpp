@@ -7,6 +7,7 @@
 #include "documents/CharacterFile.h"
 #include "documents/Transform.h"
 #include "platform/Platform.h"
+#include "platform/ShippedFiles.h"
 #include "ruledata/XmlError.h"
 #include "sheet/CharacterSheet.h"
 #include "text/TextHelpers.h"
@@ -36,6 +37,10 @@ const ExportForm* FindExportForm(const std::string& name) {
     return nullptr;
 }
 
+std::string StylesheetPath(const std::string& applicationFolder, const std::string& fileName) {
+    return JoinPath(ShippedFolder(applicationFolder, ShippedFiles::Stylesheets), fileName);
+}
+
 ExportWindow::ExportWindow(CharacterSheet& callingWindow) : callingWindow_(callingWindow) {
     // A new form runs the export, whether its row or its text tells the change.
     PopupMenu1.Observe([this](ItemChange change) {
@@ -50,7 +55,7 @@ void ExportWindow::GetXML() {
 
 std::string ExportWindow::RunTransform(const std::string& fileName) {
     Platform& platform = callingWindow_.Host();
-    std::string path = JoinPath(platform.ApplicationFolder(), fileName);
+    std::string path = StylesheetPath(platform.ApplicationFolder(), fileName);
     if (!IsExistingFile(path)) {
         platform.MsgBox("Please locate the " + fileName + " file.");
         const auto located = platform.OpenFileDialog(FileTypes::Text, "");

@@ -20,6 +20,8 @@ struct ExportForm {
 };
 // The forms with a stylesheet, in the menu's order; `nullptr` when `name` is none of them.
 const ExportForm* FindExportForm(const std::string& name);
+// Where the export looks for the stylesheet `fileName` of the program in `applicationFolder`.
+std::string StylesheetPath(const std::string& applicationFolder, const std::string& fileName);
 inline constexpr const char* kXmlDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
 
 class ExportWindow {

@@ -1,8 +1,10 @@
-// The desktop app: find and load the rule data, open one empty character, run until quit.
+// The desktop app: find and load the rule data, open one empty character and the character files
+// named on the command line, run until quit.
 #include <QApplication>
 #include <QTimer>
 #include <optional>
 
+#include "platform/Files.h"
 #include "platform/qt/QtPlatform.h"
 #include "ruledata/DataModule.h"
 #include "app/App.h"
@@ -13,6 +15,8 @@
 int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
     QApplication::setApplicationName("Zephalon");
+    // The desktop entry's id, by which a Wayland compositor gives the windows their icon.
+    QApplication::setDesktopFileName("org.example.Zephalon");
 
     zeph::QtPlatform platform;
     zeph::DataModule data;
@@ -34,7 +38,10 @@ int main(int argc, char* argv[]) {
     zeph::gui::GuiApp gui(data, platform, app);
     // Without a character window there is nothing on screen to work in.
     if (!gui.NewWindow()) return 1;
-    // Once the loop runs and the window stands: what a crash left behind, if anything.
+    // The character files named on the command line, as a file manager passes them; QApplication
+    // has taken its own options out of argv.
+    for (int i = 1; i < argc; ++i) gui.OpenCharacter(zeph::AbsolutePath(argv[i]));
+    // Once the loop runs and the windows stand: what a crash left behind, if anything.
     QTimer::singleShot(0, &gui, [&gui] { gui.OfferRecovery(); });
 
     const int code = QApplication::exec();
