@@ -64,7 +64,7 @@ TEST_F(PointAccounting, SkillBaseIsAtLeastOneAndTakesTheLargerSocialQuality) {
     AddQualityRow("Status Quality", {{1, "3"}});
     AddQualityRow("Resources Quality 2", {{1, "5"}});
     EXPECT_EQ(CalcSkillPts(*sheet), 6);
-    AddQualityRow("status quality", {{1, "3"}});
+    AddQualityRow("status quality, old money", {{1, "3"}});
     EXPECT_EQ(CalcSkillPts(*sheet), 7);  // status 6 now beats resources 5
 }
 
