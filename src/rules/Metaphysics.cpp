@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <span>
+#include <utility>
 
 #include "ruledata/RuleData.h"
 #include "rules/EntryLists.h"
@@ -225,13 +226,21 @@ void MetaListBox_DoubleClick(CharacterSheet& sheet) {
 void MetaGetBonus(CharacterSheet& sheet) {
     const ListItem& list = sheet.MetaListBox;
     for (int entry = 0; entry < 14; ++entry) {
-        std::int64_t sum = 0;
+        Figure sum;
         for (int row = 0; row < list.ListCount(); ++row)
-            sum = Whole(static_cast<double>(sum) +
+            sum.PlusCut(list.Cell(row, EntryColumn::Name),
                         Val(list.Cell(row, MetaColumn::AttributeBonuses + entry)) *
                             Val(list.Cell(row, EntryColumn::Level)));
-        sheet.m_all_bonuses[entry] = sum;
+        sheet.m_all_bonuses[entry] = Whole(sum.Value());
+        sheet.metaBonusParts[entry] = std::move(sum);
     }
+}
+
+Figure MetaBonusParts(const CharacterSheet& sheet, int entry) {
+    const auto index = static_cast<std::size_t>(entry);
+    const Figure& parts = sheet.metaBonusParts[index];
+    if (parts.Value() != static_cast<double>(sheet.m_all_bonuses[index])) return {};
+    return parts;
 }
 
 void AddMetaphysicsOperations(OperationTable& table) {

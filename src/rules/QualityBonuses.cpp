@@ -1,14 +1,19 @@
 #include "rules/QualityBonuses.h"
 
+#include <utility>
+
+#include "rules/Metaphysics.h"
 #include "sheet/CharacterSheet.h"
 #include "sheet/ListColumns.h"
 #include "text/TextHelpers.h"
 
 namespace zeph {
 
-void QualityGetBonus(CharacterSheet& sheet) {
+void QualityGetBonus(CharacterSheet& sheet) { QualityGetBonus(sheet, "held before"); }
+
+void QualityGetBonus(CharacterSheet& sheet, const std::string& heldLabel) {
     const ListItem& qualities = sheet.QualityListBox;
-    double attributeSums[kAttributeCount] = {};
+    Figure attributeSums[kAttributeCount];
     double essenceChanneling = 0;
     double taintChanneling = 0;
     double sadicas = 0;
@@ -25,8 +30,9 @@ void QualityGetBonus(CharacterSheet& sheet) {
             if (EqualsNoCase(marker, "Adept")) sadicas += Val(sheet.IntelligenceTotal.Text());
         }
         for (int a = 0; a < kAttributeCount; ++a)
-            attributeSums[a] +=
-                Val(qualities.Cell(row, QualityColumn::AttributeBonuses + a)) * level;
+            attributeSums[a].PlusBonus(
+                qualities.Cell(row, EntryColumn::Name),
+                Val(qualities.Cell(row, QualityColumn::AttributeBonuses + a)) * level);
     }
 
     std::string summary;
@@ -46,13 +52,19 @@ void QualityGetBonus(CharacterSheet& sheet) {
 
     for (int a = 0; a < kAttributeCount; ++a) {
         TextItem& bonus = sheet.AttributeOf(a).bonus;
-        bonus.SetText(Str(attributeSums[a] + Val(bonus.Text()) +
-                          static_cast<double>(sheet.m_all_bonuses[static_cast<std::size_t>(a)])));
+        const double sum = attributeSums[a].Value();
+        Figure figure;
+        figure.PlusSum("qualities", sum, std::move(attributeSums[a]))
+            .Plus(heldLabel, Val(bonus.Text()))
+            .PlusSum("metaphysics",
+                     static_cast<double>(sheet.m_all_bonuses[static_cast<std::size_t>(a)]),
+                     MetaBonusParts(sheet, a));
+        sheet.figureTerms.Write(bonus, std::move(figure));
     }
 }
 
 void AddQualityBonusOperations(OperationTable& table) {
-    AddOperation(table, "QualityGetBonus", QualityGetBonus);
+    AddOperation(table, "QualityGetBonus", static_cast<void (*)(CharacterSheet&)>(QualityGetBonus));
 }
 
 }  // namespace zeph

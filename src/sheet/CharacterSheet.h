@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "sheet/AttachedWindow.h"
+#include "sheet/FigureTerms.h"
 #include "sheet/Item.h"
 #include "sheet/Operations.h"
 #include "sheet/Properties.h"
@@ -196,6 +197,8 @@ public:
     std::int64_t m_row = 0;
     std::string m_altform;
     std::array<std::int64_t, 15> m_all_bonuses{};
+    // Who gave each entry of m_all_bonuses, by name, as its last MetaGetBonus found them.
+    std::array<Figure, 15> metaBonusParts{};
     std::string fileSaveString;
     bool loadingCharFile = false;
     bool savedChar = true;
@@ -208,6 +211,8 @@ public:
     JournalWindowHandle* journalWindowHandle = nullptr;
     bool portraitWindowIsOpen = false;
     AttachedWindow* portraitWindowHandle = nullptr;
+    // Where each total, bonus and budget of the last recomputation comes from.
+    FigureTerms figureTerms;
     // Set when the character closes itself (a cancelled or failed open): its window goes.
     bool characterClosed = false;
 
