@@ -225,22 +225,25 @@ void MetaListBox_DoubleClick(CharacterSheet& sheet) {
 
 void MetaGetBonus(CharacterSheet& sheet) {
     const ListItem& list = sheet.MetaListBox;
+    sheet.metaBonusTerms.Clear();
+    sheet.metaBonusParts.clear();
     for (int entry = 0; entry < 14; ++entry) {
-        Figure sum;
+        Figure sum(sheet.metaBonusTerms);
         for (int row = 0; row < list.ListCount(); ++row)
             sum.PlusCut(list.Cell(row, EntryColumn::Name),
                         Val(list.Cell(row, MetaColumn::AttributeBonuses + entry)) *
                             Val(list.Cell(row, EntryColumn::Level)));
         sheet.m_all_bonuses[entry] = Whole(sum.Value());
-        sheet.metaBonusParts[entry] = std::move(sum);
+        sheet.metaBonusParts.push_back(std::move(sum));
     }
 }
 
-Figure MetaBonusParts(const CharacterSheet& sheet, int entry) {
+Figure& PlusMetaBonus(Figure& figure, const CharacterSheet& sheet, int entry) {
     const auto index = static_cast<std::size_t>(entry);
-    const Figure& parts = sheet.metaBonusParts[index];
-    if (parts.Value() != static_cast<double>(sheet.m_all_bonuses[index])) return {};
-    return parts;
+    const double bonus = static_cast<double>(sheet.m_all_bonuses[index]);
+    if (index < sheet.metaBonusParts.size() && sheet.metaBonusParts[index].Value() == bonus)
+        return figure.PlusSum("metaphysics", bonus, sheet.metaBonusParts[index]);
+    return figure.PlusBonus("metaphysics", bonus);
 }
 
 void AddMetaphysicsOperations(OperationTable& table) {

@@ -24,9 +24,9 @@ void MetaRecordButton_Action(CharacterSheet& sheet);
 void MetaListBox_DoubleClick(CharacterSheet& sheet);
 // Renews m_all_bonuses: per column 11 to 24, the sum over the rows of the bonus times the level.
 void MetaGetBonus(CharacterSheet& sheet);
-// The metaphysics that gave entry `entry` of m_all_bonuses, each by name; none when the entry
-// was set otherwise than by MetaGetBonus (a loaded or edited sheet), as they would not add up.
-Figure MetaBonusParts(const CharacterSheet& sheet, int entry);
+// Adds entry `entry` of m_all_bonuses to a figure, told by the metaphysics that gave it; told
+// as one number when the entry was set otherwise than by MetaGetBonus, as they would not add up.
+Figure& PlusMetaBonus(Figure& figure, const CharacterSheet& sheet, int entry);
 
 void AddMetaphysicsOperations(OperationTable& table);
 

@@ -1,7 +1,5 @@
 #include "rules/QualityBonuses.h"
 
-#include <utility>
-
 #include "rules/Metaphysics.h"
 #include "sheet/CharacterSheet.h"
 #include "sheet/ListColumns.h"
@@ -13,7 +11,9 @@ void QualityGetBonus(CharacterSheet& sheet) { QualityGetBonus(sheet, "held befor
 
 void QualityGetBonus(CharacterSheet& sheet, const std::string& heldLabel) {
     const ListItem& qualities = sheet.QualityListBox;
-    Figure attributeSums[kAttributeCount];
+    FigureTerms& terms = sheet.figureTerms;
+    Figure attributeSums[kAttributeCount] = {Figure(terms), Figure(terms), Figure(terms),
+                                             Figure(terms), Figure(terms), Figure(terms)};
     double essenceChanneling = 0;
     double taintChanneling = 0;
     double sadicas = 0;
@@ -52,14 +52,10 @@ void QualityGetBonus(CharacterSheet& sheet, const std::string& heldLabel) {
 
     for (int a = 0; a < kAttributeCount; ++a) {
         TextItem& bonus = sheet.AttributeOf(a).bonus;
-        const double sum = attributeSums[a].Value();
-        Figure figure;
-        figure.PlusSum("qualities", sum, std::move(attributeSums[a]))
-            .Plus(heldLabel, Val(bonus.Text()))
-            .PlusSum("metaphysics",
-                     static_cast<double>(sheet.m_all_bonuses[static_cast<std::size_t>(a)]),
-                     MetaBonusParts(sheet, a));
-        sheet.figureTerms.Write(bonus, std::move(figure));
+        Figure figure(terms);
+        figure.PlusSum("qualities", attributeSums[a].Value(), attributeSums[a])
+            .Plus(heldLabel, Val(bonus.Text()));
+        terms.Write(bonus, PlusMetaBonus(figure, sheet, a));
     }
 }
 

@@ -4,7 +4,6 @@
 #include "rules/SecondaryAttributes.h"
 
 #include <optional>
-#include <utility>
 
 #include "ruledata/RuleData.h"
 #include "rules/Metaphysics.h"
@@ -20,6 +19,15 @@ namespace {
 // Working values of one run; each addition is cut back to a whole number at once, so
 // fractions are lost row by row. Each tells what every row gave it, by the row's name.
 struct BonusSums {
+    explicit BonusSums(FigureTerms& terms)
+        : skill(terms),
+          meta(terms),
+          attribute(terms),
+          essence(terms),
+          life(terms),
+          speed(terms),
+          endurance(terms),
+          taintPool(terms) {}
     Figure skill, meta, attribute, essence, life, speed, endurance, taintPool;
 };
 
@@ -96,18 +104,8 @@ class BonusPass {
 };
 
 // A sum of the bonus pass, told by the qualities that gave it.
-Figure fromQualities(Figure&& sum) {
-    const double value = sum.Value();
-    Figure figure;
-    figure.PlusSum("qualities", value, std::move(sum));
-    return figure;
-}
-
-// Entry `entry` of the metaphysics' bonuses, told by the metaphysics that gave it.
-Figure& plusMetaphysics(Figure& figure, const CharacterSheet& s, int entry) {
-    return figure.PlusSum("metaphysics",
-                          static_cast<double>(s.m_all_bonuses[static_cast<std::size_t>(entry)]),
-                          MetaBonusParts(s, entry));
+Figure& plusQualities(Figure& figure, const Figure& sum) {
+    return figure.PlusSum("qualities", sum.Value(), sum);
 }
 
 // A figure that reads another figure's item names it, so its terms can be told beneath.
@@ -116,9 +114,9 @@ Figure& plusItem(Figure& figure, const TextItem& item) {
 }
 
 // A budget: "used/budget", the budget formed from the type's base on.
-Figure usedOver(const std::string& used, const std::string& label, double base) {
-    Figure figure;
-    figure.Plus("used", Val(used)).Over(label, base);
+Figure usedOver(FigureTerms& terms, const std::string& used, const char* base, double value) {
+    Figure figure(terms);
+    figure.Plus("used", Val(used)).Over(base, value);
     return figure;
 }
 
@@ -182,28 +180,25 @@ void FigureSecondaryAttributes(CharacterSheet& s) {
         // Step 3: primary totals, in the order the sheet has always formed them.
         for (int a : {Dexterity, Intelligence, Constitution, Willpower, Strength, Perception}) {
             CharacterSheet::AttributeItems items = s.AttributeOf(a);
-            Figure total;
-            plusItem(plusItem(total, items.field), items.bonus);
-            figures.Write(items.total, std::move(total));
+            Figure total(figures);
+            figures.Write(items.total, plusItem(plusItem(total, items.field), items.bonus));
         }
 
         // Step 4: the bonus pass over the qualities.
-        BonusSums sums;
+        BonusSums sums(figures);
         BonusPass pass(s, sums);
         for (int row = 0; row < s.QualityListBox.ListCount(); ++row) pass.Row(row);
 
         // Step 5: secondary bonuses.
         const bool speedDivides = InStr(typeSpeed, "/") > 0;
-        Figure life = fromQualities(std::move(sums.life));
-        figures.Write(s.LifePointsBonus, std::move(plusMetaphysics(life, s, 8)));
-        Figure speed = fromQualities(std::move(sums.speed));
-        speed.PlusBonus(typeName, speedDivides ? 0 : CDbl(typeSpeed));
-        figures.Write(s.SpeedBonus, std::move(plusMetaphysics(speed, s, 11)));
-        Figure endurance = fromQualities(std::move(sums.endurance));
-        figures.Write(s.EnduranceBonus, std::move(plusMetaphysics(endurance, s, 9)));
-        Figure essence = fromQualities(std::move(sums.essence));
-        essence.PlusBonus(typeName, static_cast<double>(typeEssence));
-        figures.Write(s.EssenceBonus, std::move(plusMetaphysics(essence, s, 10)));
+        Figure life(figures), speed(figures), endurance(figures), essence(figures);
+        figures.Write(s.LifePointsBonus, PlusMetaBonus(plusQualities(life, sums.life), s, 8));
+        plusQualities(speed, sums.speed).PlusBonus(typeName, speedDivides ? 0 : CDbl(typeSpeed));
+        figures.Write(s.SpeedBonus, PlusMetaBonus(speed, s, 11));
+        figures.Write(s.EnduranceBonus,
+                      PlusMetaBonus(plusQualities(endurance, sums.endurance), s, 9));
+        plusQualities(essence, sums.essence).PlusBonus(typeName, static_cast<double>(typeEssence));
+        figures.Write(s.EssenceBonus, PlusMetaBonus(essence, s, 10));
 
         // Step 6: the type's formulas.
         double lifeMultiplier = 0, lifeAdder = 0, enduranceMultiplier = 0, enduranceAdder = 0;
@@ -222,29 +217,29 @@ void FigureSecondaryAttributes(CharacterSheet& s) {
                      constitution = valueOf(s.ConstitutionTotal),
                      dexterity = valueOf(s.DexterityTotal), willpower = valueOf(s.WillpowerTotal);
         // Each bonus joins its total where adding it gives the same number as the formula.
-        Figure lifeTotal;
+        Figure lifeTotal(figures);
         lifeTotal.Plus("Strength", strength)
             .Plus("Constitution", constitution)
             .Times("life multiplier", lifeMultiplier);
         plusItem(lifeTotal, s.LifePointsBonus).Plus("life adder", lifeAdder);
-        figures.Write(s.LifePointsTotal, std::move(lifeTotal));
-        Figure enduranceTotal;
+        figures.Write(s.LifePointsTotal, lifeTotal);
+        Figure enduranceTotal(figures);
         enduranceTotal.Plus("Strength", strength)
             .Plus("Constitution", constitution)
             .Plus("Willpower", willpower)
             .Times("endurance multiplier", enduranceMultiplier);
         plusItem(enduranceTotal, s.EnduranceBonus).Plus("endurance adder", enduranceAdder);
-        figures.Write(s.EnduranceTotal, std::move(enduranceTotal));
-        Figure essenceTotal;
+        figures.Write(s.EnduranceTotal, enduranceTotal);
+        Figure essenceTotal(figures);
         for (int a = 0; a < kAttributeCount; ++a)
             essenceTotal.Plus(kAttributeNames[a], valueOf(s.AttributeOf(a).total));
-        figures.Write(s.EssenceTotal, std::move(plusItem(essenceTotal, s.EssenceBonus)));
-        Figure speedTotal;
+        figures.Write(s.EssenceTotal, plusItem(essenceTotal, s.EssenceBonus));
+        Figure speedTotal(figures);
         speedTotal.Plus("Constitution", constitution).Plus("Dexterity", dexterity).Times("", 2);
         if (speedDivides)
             speedTotal.DividedRounded(typeName + " speed divisor",
                                       CDbl(NthField(typeSpeed, "/", 2)));
-        figures.Write(s.SpeedTotal, std::move(plusItem(speedTotal, s.SpeedBonus)));
+        figures.Write(s.SpeedTotal, plusItem(speedTotal, s.SpeedBonus));
 
         // Step 8: the Taint pool joins the pool summary.
         sums.taintPool.PlusCut("metaphysics", m(12));
@@ -258,55 +253,54 @@ void FigureSecondaryAttributes(CharacterSheet& s) {
         if (auto creation = s.Rules().Record(choicePath + "/creationpts")) {
             // The quality and drawback budgets stand as the rule data writes them.
             auto fixedBudget = [&](TextItem& item, const std::string& used, const char* name) {
-                const std::string& base = creation->Attribute(name);
-                figures.Write(item, used + "/" + base,
-                              usedOver(used, typeName + " " + name, Val(base)));
+                const std::string base = creation->Attribute(name);
+                figures.Write(item, used + "/" + base, usedOver(figures, used, name, Val(base)));
             };
             fixedBudget(s.QualityField, SumQualityPoints(s), "qualitypts");
             fixedBudget(s.DrawbackField, SumDrawbackPts(s), "drawbackpts");
             // The other budgets grow by what the qualities give, and optional points.
             auto budget = [&](TextItem& item, const std::string& used, const char* name,
-                              const char* extraLabel, double extra, Figure parts) {
-                Figure figure =
-                    usedOver(used, typeName + " " + name, Val(creation->Attribute(name)));
-                figure.PlusSum(extraLabel, extra, std::move(parts));
-                figures.Write(item, used + "/" + Str(figure.Value()), std::move(figure));
+                              const char* extraLabel, double extra, const Figure& parts) {
+                Figure figure = usedOver(figures, used, name, Val(creation->Attribute(name)));
+                figure.PlusSum(extraLabel, extra, parts);
+                figures.Write(item, used + "/" + Str(figure.Value()), figure);
             };
-            const double meta = sums.meta.Value();
-            budget(s.MetaField, SumMetaPts(s), "metapts", "qualities", meta, std::move(sums.meta));
+            budget(s.MetaField, SumMetaPts(s), "metapts", "qualities", sums.meta.Value(),
+                   sums.meta);
             const std::int64_t attributeBonus = Whole(sums.attribute.Value());
             const std::int64_t skillBonus = Whole(sums.skill.Value());
             if (s.OptionalSkillPointBox.Value()) {
                 // The sums may reach Whole's bound (rule data of 1e300): they stop there.
                 const std::int64_t age = CalcAgeAttrbPenalty(s);
+                Figure attributeExtra(figures);
+                plusQualities(attributeExtra, sums.attribute)
+                    .PlusBonus("age", static_cast<double>(age));
                 budget(s.AttributeField, SumAttrPts(s), "attrpts", "qualities and age",
-                       static_cast<double>(AddWhole(attributeBonus, age)),
-                       std::move(fromQualities(std::move(sums.attribute))
-                                     .PlusBonus("age", static_cast<double>(age))));
+                       static_cast<double>(AddWhole(attributeBonus, age)), attributeExtra);
                 const std::int64_t optional = CalcSkillPts(s);
+                Figure skillExtra(figures);
+                plusQualities(skillExtra, sums.skill)
+                    .PlusBonus("Intelligence, status and age", static_cast<double>(optional));
                 budget(s.SkillField, SumSkillPts(s), "optskillptgen",
                        "qualities and optional points",
-                       static_cast<double>(AddWhole(skillBonus, optional)),
-                       std::move(fromQualities(std::move(sums.skill))
-                                     .PlusBonus("Intelligence, status and age",
-                                                static_cast<double>(optional))));
+                       static_cast<double>(AddWhole(skillBonus, optional)), skillExtra);
             } else {
                 budget(s.AttributeField, SumAttrPts(s), "attrpts", "qualities",
-                       static_cast<double>(attributeBonus), std::move(sums.attribute));
+                       static_cast<double>(attributeBonus), sums.attribute);
                 budget(s.SkillField, SumSkillPts(s), "skillpts", "qualities",
-                       static_cast<double>(skillBonus), std::move(sums.skill));
+                       static_cast<double>(skillBonus), sums.skill);
             }
             if (EqualsNoCase(creation->Attribute("vitalessence"), "true")) {
                 s.LPText.SetText("Vital Ess.:");
-                Figure vital;
+                Figure vital(figures);
                 vital.Plus(typeName + " vital essence", static_cast<double>(vitalAdder));
                 for (int a = 0; a < kAttributeCount; ++a)
                     vital.Plus(kAttributeNames[a], CDbl(s.AttributeOf(a).total.Text()));
                 // Essence is formed before the essence bonus goes into the vital figure.
-                Figure vitalEssence = vital;
+                Figure vitalEssence = vital.Copy();
                 vitalEssence.Times("", 2);
-                figures.Write(s.EssenceTotal, std::move(plusItem(vitalEssence, s.EssenceBonus)));
-                figures.Write(s.LifePointsTotal, std::move(plusItem(vital, s.EssenceBonus)));
+                figures.Write(s.EssenceTotal, plusItem(vitalEssence, s.EssenceBonus));
+                figures.Write(s.LifePointsTotal, plusItem(vital, s.EssenceBonus));
             } else {
                 s.LPText.SetText("Life Points:");
             }
@@ -316,9 +310,10 @@ void FigureSecondaryAttributes(CharacterSheet& s) {
         auto drama = s.Rules().Record(choicePath + "/dramapts");
         const bool dramaPoints = drama.has_value();
         if (dramaPoints && !s.CharacterInPlayBox.Value()) {
-            const std::string& points = drama->Attribute("points");
+            const std::string points = drama->Attribute("points");
+            Figure dramaFigure(figures);
             figures.Write(s.DPField, points,
-                          Figure().Plus(typeName + " drama points", Val(points)));
+                          dramaFigure.Plus(typeName + " drama points", Val(points)));
         }
         s.DPField.SetVisible(dramaPoints);
         s.DPText.SetVisible(dramaPoints);

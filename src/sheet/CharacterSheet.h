@@ -197,8 +197,9 @@ public:
     std::int64_t m_row = 0;
     std::string m_altform;
     std::array<std::int64_t, 15> m_all_bonuses{};
-    // Who gave each entry of m_all_bonuses, by name, as its last MetaGetBonus found them.
-    std::array<Figure, 15> metaBonusParts{};
+    // Who gave each entry of m_all_bonuses, by name, as the last MetaGetBonus found them.
+    FigureTerms metaBonusTerms;
+    std::vector<Figure> metaBonusParts;
     std::string fileSaveString;
     bool loadingCharFile = false;
     bool savedChar = true;

@@ -1,76 +1,148 @@
 #include "sheet/FigureTerms.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "sheet/Item.h"
 #include "text/TextHelpers.h"
 
 namespace zeph {
 
-Figure& Figure::record(TermJoin join, std::string label, double value) {
-    terms_.push_back({join, std::move(label), value, 0});
+void FigureTerms::Clear() {
+    slotsUsed_ = 0;
+    recordsUsed_ = 0;
+}
+
+int FigureTerms::add(TermJoin join, std::string_view label, double value) {
+    if (slotsUsed_ == static_cast<int>(slots_.size())) slots_.emplace_back();
+    Slot& slot = slots_[static_cast<std::size_t>(slotsUsed_)];
+    slot.join = join;
+    slot.label.assign(label);  // within the slot's old capacity: no new memory
+    slot.value = value;
+    slot.next = -1;
+    slot.firstPart = -1;
+    return slotsUsed_++;
+}
+
+// Copies a chain of terms with their parts from `from`, which may be these terms themselves.
+int FigureTerms::copy(const FigureTerms& from, int first) {
+    int head = -1, last = -1;
+    for (int i = first; i >= 0; i = from.slots_[static_cast<std::size_t>(i)].next) {
+        // A copy: adding may move the slots, `from`'s too when they are these.
+        const Slot source = from.slots_[static_cast<std::size_t>(i)];
+        const int term = add(source.join, source.label, source.value);
+        if (source.firstPart >= 0)
+            slots_[static_cast<std::size_t>(term)].firstPart = copy(from, source.firstPart);
+        if (last >= 0)
+            slots_[static_cast<std::size_t>(last)].next = term;
+        else
+            head = term;
+        last = term;
+    }
+    return head;
+}
+
+void FigureTerms::Write(TextItem& item, const Figure& figure) {
+    Write(item, Str(figure.Value()), figure);
+}
+
+void FigureTerms::Write(TextItem& item, const std::string& text, const Figure& figure) {
+    item.SetText(text);
+    if (recordsUsed_ == static_cast<int>(records_.size())) records_.emplace_back();
+    Record& record = records_[static_cast<std::size_t>(recordsUsed_++)];
+    record.item = &item;
+    record.shown.assign(text);
+    record.first = figure.first_;
+}
+
+const FigureTerms::Record* FigureTerms::find(const std::string& item) const {
+    // The last of one name: an item written twice in a run shows its final figure.
+    for (int i = recordsUsed_ - 1; i >= 0; --i)
+        if (records_[static_cast<std::size_t>(i)].item->Name() == item)
+            return &records_[static_cast<std::size_t>(i)];
+    return nullptr;
+}
+
+const std::string* FigureTerms::Shown(const std::string& item) const {
+    const Record* record = find(item);
+    return record ? &record->shown : nullptr;
+}
+
+void FigureTerms::flatten(int first, int depth, std::vector<FigureTerm>& out) const {
+    for (int i = first; i >= 0; i = slots_[static_cast<std::size_t>(i)].next) {
+        const Slot& slot = slots_[static_cast<std::size_t>(i)];
+        out.push_back({slot.join, slot.label, slot.value, depth});
+        flatten(slot.firstPart, depth + 1, out);
+    }
+}
+
+std::vector<FigureTerm> FigureTerms::Terms(const std::string& item) const {
+    std::vector<FigureTerm> terms;
+    if (const Record* record = find(item)) flatten(record->first, 0, terms);
+    return terms;
+}
+
+Figure Figure::Copy() const {
+    Figure copy(*terms_);
+    copy.value_ = value_;
+    copy.first_ = terms_->copy(*terms_, first_);
+    for (copy.last_ = copy.first_;
+         copy.last_ >= 0 && terms_->slots_[static_cast<std::size_t>(copy.last_)].next >= 0;
+         copy.last_ = terms_->slots_[static_cast<std::size_t>(copy.last_)].next) {
+    }
+    return copy;
+}
+
+Figure& Figure::append(TermJoin join, std::string_view label, double value) {
+    const int term = terms_->add(join, label, value);
+    if (last_ >= 0)
+        terms_->slots_[static_cast<std::size_t>(last_)].next = term;
+    else
+        first_ = term;
+    last_ = term;
     return *this;
 }
 
-Figure& Figure::Plus(std::string label, double value) {
+Figure& Figure::Plus(std::string_view label, double value) {
     value_ += value;
-    return record(TermJoin::Plus, std::move(label), value);
+    return append(TermJoin::Plus, label, value);
 }
 
 Figure& Figure::PlusBonus(std::string_view label, double value) {
     // Adding 0 changes nothing, and a list of every quality that gives nothing tells nothing.
     if (value == 0) return *this;
-    return Plus(std::string(label), value);
+    return Plus(label, value);
 }
 
 Figure& Figure::PlusCut(std::string_view label, double amount) {
     const double before = value_;
     value_ = static_cast<double>(Whole(value_ + amount));
     if (value_ == before) return *this;
-    return record(TermJoin::Plus, std::string(label), value_ - before);
+    return append(TermJoin::Plus, label, value_ - before);
 }
 
-Figure& Figure::PlusSum(std::string label, double value, Figure parts) {
-    if (value == 0 && parts.terms_.empty()) return *this;
-    Plus(std::move(label), value);
-    for (FigureTerm& part : parts.terms_) {
-        ++part.depth;
-        terms_.push_back(std::move(part));
-    }
+Figure& Figure::PlusSum(std::string_view label, double value, const Figure& parts) {
+    if (value == 0 && parts.first_ < 0) return *this;
+    Plus(label, value);
+    // Parts of these same terms are linked in place; those kept elsewhere are copied in.
+    const int first =
+        parts.terms_ == terms_ ? parts.first_ : terms_->copy(*parts.terms_, parts.first_);
+    terms_->slots_[static_cast<std::size_t>(last_)].firstPart = first;
     return *this;
 }
 
-Figure& Figure::Times(std::string label, double factor) {
+Figure& Figure::Times(std::string_view label, double factor) {
     value_ *= factor;
-    return record(TermJoin::Times, std::move(label), factor);
+    return append(TermJoin::Times, label, factor);
 }
 
-Figure& Figure::DividedRounded(std::string label, double divisor) {
+Figure& Figure::DividedRounded(std::string_view label, double divisor) {
     value_ = Round(value_ / divisor);
-    return record(TermJoin::DividedRounded, std::move(label), divisor);
+    return append(TermJoin::DividedRounded, label, divisor);
 }
 
-Figure& Figure::Over(std::string label, double budget) {
+Figure& Figure::Over(std::string_view label, double budget) {
     value_ = budget;
-    return record(TermJoin::Over, std::move(label), budget);
-}
-
-void FigureTerms::Write(TextItem& item, Figure figure) {
-    const double value = figure.Value();
-    Write(item, Str(value), std::move(figure));
-}
-
-void FigureTerms::Write(TextItem& item, std::string text, Figure figure) {
-    item.SetText(text);
-    records_.push_back({item.Name(), std::move(text), std::move(figure).TakeTerms()});
-}
-
-const FigureTerms::Record* FigureTerms::Find(const std::string& item) const {
-    // The last of one name wins: an item written twice in a run shows its final figure.
-    auto found = std::find_if(records_.rbegin(), records_.rend(),
-                              [&](const Record& record) { return record.item == item; });
-    return found == records_.rend() ? nullptr : &*found;
+    return append(TermJoin::Over, label, budget);
 }
 
 namespace {
@@ -92,16 +164,17 @@ std::string termLine(const FigureTerm& term, bool first) {
 }
 
 // A figure's terms, and beneath a term named after another figure, that figure's terms.
-void explainTerms(const FigureTerms& figures, const FigureTerms::Record& record,
-                  const std::string& indent, int nesting, std::string& out) {
-    for (std::size_t i = 0; i < record.terms.size(); ++i) {
-        const FigureTerm& term = record.terms[i];
+void explainTerms(const FigureTerms& figures, const std::string& item, const std::string& indent,
+                  int nesting, std::string& out) {
+    const std::vector<FigureTerm> terms = figures.Terms(item);
+    for (std::size_t i = 0; i < terms.size(); ++i) {
+        const FigureTerm& term = terms[i];
         out += indent + std::string(static_cast<std::size_t>(term.depth) * 2, ' ') +
                termLine(term, i == 0) + "\n";
-        const FigureTerms::Record* inner = term.depth == 0 ? figures.Find(term.label) : nullptr;
-        // Two levels are all the sheet has (a total, its bonus); more would be a loop.
-        if (inner != nullptr && inner != &record && nesting < 2)
-            explainTerms(figures, *inner, indent + "    ", nesting + 1, out);
+        // A total reads its bonus, no deeper: two levels are all the sheet has.
+        if (term.depth == 0 && nesting == 0 && term.label != item &&
+            figures.Shown(term.label) != nullptr)
+            explainTerms(figures, term.label, indent + "    ", nesting + 1, out);
     }
 }
 
@@ -109,12 +182,12 @@ void explainTerms(const FigureTerms& figures, const FigureTerms::Record& record,
 
 std::string ExplainFigure(const FigureTerms& figures, const std::string& item,
                           const std::string& shownNow) {
-    const FigureTerms::Record* record = figures.Find(item);
-    if (record == nullptr) return item + " has no figure from the last recomputation\n";
-    std::string out = item + " = " + record->shown + "\n";
-    if (record->terms.empty()) out += "  nothing adds to it\n";
-    explainTerms(figures, *record, "  ", 0, out);
-    if (shownNow != record->shown)
+    const std::string* shown = figures.Shown(item);
+    if (shown == nullptr) return item + " has no figure from the last recomputation\n";
+    std::string out = item + " = " + *shown + "\n";
+    if (figures.Terms(item).empty()) out += "  nothing adds to it\n";
+    explainTerms(figures, item, "  ", 0, out);
+    if (shownNow != *shown)
         out += "  (it shows " + shownNow + " now: changed since the last recomputation)\n";
     return out;
 }

@@ -5,11 +5,11 @@
 
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace zeph {
 
+class Figure;
 class TextItem;
 
 // How a term joins the value of the terms before it.
@@ -23,56 +23,90 @@ struct FigureTerm {
     int depth = 0;
 };
 
+// The terms of one run and the figures they made, by item name. The recomputation runs at
+// every edit: the terms' slots are kept from run to run and written over, so that recording
+// asks for no memory once the sheet has been figured a first time.
+class FigureTerms {
+  public:
+    // Forgets the figures; what follows is a new run.
+    void Clear();
+    // Gives the item the figure's value as a number, and keeps the figure's terms.
+    void Write(TextItem& item, const Figure& figure);
+    // Gives the item a text that the figure formed, such as a budget's "used/budget".
+    void Write(TextItem& item, const std::string& text, const Figure& figure);
+    // The text the item's figure gave it, or nothing when the run wrote no figure there.
+    const std::string* Shown(const std::string& item) const;
+    // The item's figure, its terms in order with their parts beneath them.
+    std::vector<FigureTerm> Terms(const std::string& item) const;
+
+  private:
+    friend class Figure;
+    struct Slot {
+        TermJoin join;
+        std::string label;
+        double value;
+        int next;       // the figure's next term, or -1
+        int firstPart;  // the first of its parts, or -1
+    };
+    struct Record {
+        const TextItem* item;
+        std::string shown;
+        int first;
+    };
+
+    int add(TermJoin join, std::string_view label, double value);
+    int copy(const FigureTerms& from, int first);
+    const Record* find(const std::string& item) const;
+    void flatten(int first, int depth, std::vector<FigureTerm>& out) const;
+
+    std::vector<Slot> slots_;
+    int slotsUsed_ = 0;
+    std::vector<Record> records_;
+    int recordsUsed_ = 0;
+};
+
+// Builds one figure in the terms of a run: each step changes the value and records the term.
 class Figure {
   public:
+    explicit Figure(FigureTerms& terms) : terms_(&terms) {}
+    // A figure is made once: copying one would have two figures share their terms.
+    Figure(const Figure&) = delete;
+    Figure& operator=(const Figure&) = delete;
+    Figure(Figure&&) = default;
+    Figure& operator=(Figure&&) = default;
+    // A figure of the same terms, going on from here on its own.
+    Figure Copy() const;
+
     // A term that shows even at 0: the figure's starting point or one of its operands.
-    Figure& Plus(std::string label, double value);
+    Figure& Plus(std::string_view label, double value);
     // A bonus, named by what gives it: shows only when it gives something.
     Figure& PlusBonus(std::string_view label, double value);
     // Adds to a whole-number sum that is cut back at once, so fractions are lost term by term;
     // the term shows what the cut sum gained, when it gained something.
     Figure& PlusCut(std::string_view label, double amount);
-    // A sum told by its parts beneath it; shows when it or one of its parts is not 0.
-    Figure& PlusSum(std::string label, double value, Figure parts);
-    Figure& Times(std::string label, double factor);
-    Figure& DividedRounded(std::string label, double divisor);
+    // A sum told by the terms of `parts` beneath it; shows when it or a part is not 0.
+    Figure& PlusSum(std::string_view label, double value, const Figure& parts);
+    Figure& Times(std::string_view label, double factor);
+    Figure& DividedRounded(std::string_view label, double divisor);
     // A budget "used/budget": the terms before it gave what is used, the budget starts here.
-    Figure& Over(std::string label, double budget);
+    Figure& Over(std::string_view label, double budget);
 
     double Value() const { return value_; }
-    const std::vector<FigureTerm>& Terms() const { return terms_; }
-    std::vector<FigureTerm> TakeTerms() && { return std::move(terms_); }
 
   private:
-    Figure& record(TermJoin join, std::string label, double value);
+    friend class FigureTerms;
+    Figure& append(TermJoin join, std::string_view label, double value);
 
+    FigureTerms* terms_;
     double value_ = 0;
-    std::vector<FigureTerm> terms_;
-};
-
-// The figures of the last recomputation, by item name, each with the text it gave its item.
-class FigureTerms {
-  public:
-    struct Record {
-        std::string item;
-        std::string shown;
-        std::vector<FigureTerm> terms;
-    };
-
-    void Clear() { records_.clear(); }
-    // Gives the item the figure's value as a number, and keeps the figure's terms.
-    void Write(TextItem& item, Figure figure);
-    // Gives the item a text that the figure formed, such as a budget's "used/budget".
-    void Write(TextItem& item, std::string text, Figure figure);
-    const Record* Find(const std::string& item) const;
-
-  private:
-    std::vector<Record> records_;  // a few dozen: a walk finds one faster than a map
+    int first_ = -1;
+    int last_ = -1;
 };
 
 // The figure of an item, one term a line: "LifePointsTotal = 41", then "  Strength 3",
-// "  + Constitution 4", "  x multiplier 4"... A term named after another figure is followed
-// by that figure's terms. `shownNow` is the item's text, told when it changed since.
+// "  + Constitution 4", "  x life multiplier 4"... A term named after another figure of the
+// run is followed by that figure's terms. `shownNow` is the item's text, told when it changed
+// since.
 std::string ExplainFigure(const FigureTerms& figures, const std::string& item,
                           const std::string& shownNow);
 

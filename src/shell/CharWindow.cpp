@@ -236,7 +236,7 @@ QWidget* CharWindow::explained(QWidget* figure) {
 bool CharWindow::showFigureTerms(QWidget& figure, const QPoint& at) {
     const std::string name = figure.objectName().toStdString();
     const auto* item = dynamic_cast<const TextItem*>(sheet_->Items().Find(name));
-    if (item == nullptr || sheet_->figureTerms.Find(name) == nullptr) return false;
+    if (item == nullptr || sheet_->figureTerms.Shown(name) == nullptr) return false;
     QString text =
         QString::fromStdString(ExplainFigure(sheet_->figureTerms, name, item->Text())).trimmed();
     // A tooltip of the widget's own (the bonus numbers' click hint) stays on top.
