@@ -305,7 +305,8 @@ bool CharWindow::dropRow(QTreeWidget& tree, const QPoint& at) {
 
 bool CharWindow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::ToolTip && watched->isWidgetType() &&
-        showFigureTerms(*static_cast<QWidget*>(watched), static_cast<QHelpEvent*>(event)->globalPos()))
+        showFigureTerms(*static_cast<QWidget*>(watched),
+                        static_cast<QHelpEvent*>(event)->globalPos()))
         return true;
     if (event->type() == QEvent::Drop) {
         auto* tree = qobject_cast<QTreeWidget*>(watched->parent());
