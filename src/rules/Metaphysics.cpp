@@ -225,14 +225,13 @@ void MetaListBox_DoubleClick(CharacterSheet& sheet) {
 
 void MetaGetBonus(CharacterSheet& sheet) {
     const ListItem& list = sheet.MetaListBox;
-    sheet.metaBonusTerms.Clear();
+    sheet.metaBonusTerms.Clear(list);
     sheet.metaBonusParts.clear();
     for (int entry = 0; entry < 14; ++entry) {
         Figure sum(sheet.metaBonusTerms);
         for (int row = 0; row < list.ListCount(); ++row)
-            sum.PlusCut(list.Cell(row, EntryColumn::Name),
-                        Val(list.Cell(row, MetaColumn::AttributeBonuses + entry)) *
-                            Val(list.Cell(row, EntryColumn::Level)));
+            sum.PlusCut(ListRow{row}, Val(list.Cell(row, MetaColumn::AttributeBonuses + entry)) *
+                                          Val(list.Cell(row, EntryColumn::Level)));
         sheet.m_all_bonuses[entry] = Whole(sum.Value());
         sheet.metaBonusParts.push_back(std::move(sum));
     }

@@ -7,7 +7,11 @@
 
 namespace zeph {
 
-void QualityGetBonus(CharacterSheet& sheet) { QualityGetBonus(sheet, "held before"); }
+// Alone, it forms the bonus items anew, and so begins a record of its own.
+void QualityGetBonus(CharacterSheet& sheet) {
+    sheet.figureTerms.Clear(sheet.QualityListBox);
+    QualityGetBonus(sheet, "held before");
+}
 
 void QualityGetBonus(CharacterSheet& sheet, const std::string& heldLabel) {
     const ListItem& qualities = sheet.QualityListBox;
@@ -31,7 +35,7 @@ void QualityGetBonus(CharacterSheet& sheet, const std::string& heldLabel) {
         }
         for (int a = 0; a < kAttributeCount; ++a)
             attributeSums[a].PlusBonus(
-                qualities.Cell(row, EntryColumn::Name),
+                ListRow{row},
                 Val(qualities.Cell(row, QualityColumn::AttributeBonuses + a)) * level);
     }
 

@@ -45,7 +45,7 @@ class BonusPass {
         const double level = Val(list.Cell(row, EntryColumn::Level));
         auto cell = [&](int column) -> const std::string& { return list.Cell(row, column); };
         const std::string& metaColumn = cell(QualityColumn::MetaBonus);
-        const std::string& name = cell(EntryColumn::Name);
+        const ListRow name{row};
 
         sums_.skill.PlusCut(name,
                             expression(cell(QualityColumn::SkillBonus), metaColumn, false, level));
@@ -124,7 +124,7 @@ Figure usedOver(FigureTerms& terms, const std::string& used, const char* base, d
 
 void FigureSecondaryAttributes(CharacterSheet& s) {
     try {
-        s.figureTerms.Clear();
+        s.figureTerms.Clear(s.QualityListBox);
         FigureTerms& figures = s.figureTerms;
         const std::string typeName =
             s.CharacterTypePopup.Text() + " (" + s.ChooseCharPopup.Text() + ")";

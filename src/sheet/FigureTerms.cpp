@@ -7,20 +7,33 @@
 
 namespace zeph {
 
-void FigureTerms::Clear() {
+void FigureTerms::Clear(const ListItem& rows) {
     slotsUsed_ = 0;
     recordsUsed_ = 0;
+    rowNames_.resize(static_cast<std::size_t>(rows.ListCount()));
+    // A run mostly finds the names of the run before.
+    for (int row = 0; row < rows.ListCount(); ++row) {
+        std::string& name = rowNames_[static_cast<std::size_t>(row)];
+        if (name != rows.Cell(row, 0)) name = rows.Cell(row, 0);
+    }
 }
 
-int FigureTerms::add(TermJoin join, std::string_view label, double value) {
+int FigureTerms::add(TermJoin join, TermLabel label, double value) {
     if (slotsUsed_ == static_cast<int>(slots_.size())) slots_.emplace_back();
     Slot& slot = slots_[static_cast<std::size_t>(slotsUsed_)];
     slot.join = join;
-    slot.label.assign(label);  // within the slot's old capacity: no new memory
+    slot.row = label.row;
+    if (label.row < 0 && slot.label != label.text) slot.label.assign(label.text);
     slot.value = value;
     slot.next = -1;
     slot.firstPart = -1;
     return slotsUsed_++;
+}
+
+std::string_view FigureTerms::labelOf(const Slot& slot) const {
+    if (slot.row < 0) return slot.label;
+    const auto row = static_cast<std::size_t>(slot.row);
+    return row < rowNames_.size() ? std::string_view(rowNames_[row]) : std::string_view();
 }
 
 // Copies a chain of terms with their parts from `from`, which may be these terms themselves.
@@ -29,7 +42,7 @@ int FigureTerms::copy(const FigureTerms& from, int first) {
     for (int i = first; i >= 0; i = from.slots_[static_cast<std::size_t>(i)].next) {
         // A copy: adding may move the slots, `from`'s too when they are these.
         const Slot source = from.slots_[static_cast<std::size_t>(i)];
-        const int term = add(source.join, source.label, source.value);
+        const int term = add(source.join, from.labelOf(source), source.value);
         if (source.firstPart >= 0)
             slots_[static_cast<std::size_t>(term)].firstPart = copy(from, source.firstPart);
         if (last >= 0)
@@ -70,7 +83,7 @@ const std::string* FigureTerms::Shown(const std::string& item) const {
 void FigureTerms::flatten(int first, int depth, std::vector<FigureTerm>& out) const {
     for (int i = first; i >= 0; i = slots_[static_cast<std::size_t>(i)].next) {
         const Slot& slot = slots_[static_cast<std::size_t>(i)];
-        out.push_back({slot.join, slot.label, slot.value, depth});
+        out.push_back({slot.join, std::string(labelOf(slot)), slot.value, depth});
         flatten(slot.firstPart, depth + 1, out);
     }
 }
@@ -92,7 +105,7 @@ Figure Figure::Copy() const {
     return copy;
 }
 
-Figure& Figure::append(TermJoin join, std::string_view label, double value) {
+Figure& Figure::append(TermJoin join, TermLabel label, double value) {
     const int term = terms_->add(join, label, value);
     if (last_ >= 0)
         terms_->slots_[static_cast<std::size_t>(last_)].next = term;
@@ -102,25 +115,19 @@ Figure& Figure::append(TermJoin join, std::string_view label, double value) {
     return *this;
 }
 
-Figure& Figure::Plus(std::string_view label, double value) {
+Figure& Figure::Plus(TermLabel label, double value) {
     value_ += value;
     return append(TermJoin::Plus, label, value);
 }
 
-Figure& Figure::PlusBonus(std::string_view label, double value) {
-    // Adding 0 changes nothing, and a list of every quality that gives nothing tells nothing.
-    if (value == 0) return *this;
-    return Plus(label, value);
-}
-
-Figure& Figure::PlusCut(std::string_view label, double amount) {
+Figure& Figure::plusCut(TermLabel label, double amount) {
     const double before = value_;
     value_ = static_cast<double>(Whole(value_ + amount));
     if (value_ == before) return *this;
     return append(TermJoin::Plus, label, value_ - before);
 }
 
-Figure& Figure::PlusSum(std::string_view label, double value, const Figure& parts) {
+Figure& Figure::PlusSum(TermLabel label, double value, const Figure& parts) {
     if (value == 0 && parts.first_ < 0) return *this;
     Plus(label, value);
     // Parts of these same terms are linked in place; those kept elsewhere are copied in.
@@ -130,17 +137,17 @@ Figure& Figure::PlusSum(std::string_view label, double value, const Figure& part
     return *this;
 }
 
-Figure& Figure::Times(std::string_view label, double factor) {
+Figure& Figure::Times(TermLabel label, double factor) {
     value_ *= factor;
     return append(TermJoin::Times, label, factor);
 }
 
-Figure& Figure::DividedRounded(std::string_view label, double divisor) {
+Figure& Figure::DividedRounded(TermLabel label, double divisor) {
     value_ = Round(value_ / divisor);
     return append(TermJoin::DividedRounded, label, divisor);
 }
 
-Figure& Figure::Over(std::string_view label, double budget) {
+Figure& Figure::Over(TermLabel label, double budget) {
     value_ = budget;
     return append(TermJoin::Over, label, budget);
 }

@@ -10,10 +10,27 @@
 namespace zeph {
 
 class Figure;
+class ListItem;
 class TextItem;
 
 // How a term joins the value of the terms before it.
 enum class TermJoin { Plus, Times, DividedRounded, Over };
+
+// A term given by a row of the list whose names the run took (qualities, metaphysics): the
+// name is taken once a run, not once for each of the row's many bonuses.
+struct ListRow {
+    int index;
+};
+
+// A term's name: a text, or a row of the list the run named.
+struct TermLabel {
+    TermLabel(std::string_view name) : text(name) {}
+    TermLabel(const char* name) : text(name) {}
+    TermLabel(const std::string& name) : text(name) {}
+    TermLabel(ListRow given) : row(given.index) {}
+    std::string_view text;
+    int row = -1;
+};
 
 struct FigureTerm {
     TermJoin join = TermJoin::Plus;
@@ -28,8 +45,9 @@ struct FigureTerm {
 // asks for no memory once the sheet has been figured a first time.
 class FigureTerms {
   public:
-    // Forgets the figures; what follows is a new run.
-    void Clear();
+    // Forgets the figures; what follows is a new run, whose rows are those of `rows`, which
+    // stay as they are during the run.
+    void Clear(const ListItem& rows);
     // Gives the item the figure's value as a number, and keeps the figure's terms.
     void Write(TextItem& item, const Figure& figure);
     // Gives the item a text that the figure formed, such as a budget's "used/budget".
@@ -44,6 +62,7 @@ class FigureTerms {
     struct Slot {
         TermJoin join;
         std::string label;
+        int row;  // the row that names it, or -1 for the label
         double value;
         int next;       // the figure's next term, or -1
         int firstPart;  // the first of its parts, or -1
@@ -54,12 +73,14 @@ class FigureTerms {
         int first;
     };
 
-    int add(TermJoin join, std::string_view label, double value);
+    int add(TermJoin join, TermLabel label, double value);
+    std::string_view labelOf(const Slot& slot) const;
     int copy(const FigureTerms& from, int first);
     const Record* find(const std::string& item) const;
     void flatten(int first, int depth, std::vector<FigureTerm>& out) const;
 
     std::vector<Slot> slots_;
+    std::vector<std::string> rowNames_;
     int slotsUsed_ = 0;
     std::vector<Record> records_;
     int recordsUsed_ = 0;
@@ -78,24 +99,31 @@ class Figure {
     Figure Copy() const;
 
     // A term that shows even at 0: the figure's starting point or one of its operands.
-    Figure& Plus(std::string_view label, double value);
+    Figure& Plus(TermLabel label, double value);
     // A bonus, named by what gives it: shows only when it gives something.
-    Figure& PlusBonus(std::string_view label, double value);
+    Figure& PlusBonus(TermLabel label, double value) {
+        // Adding 0 changes nothing, and a list of every row that gives nothing tells nothing.
+        return value == 0 ? *this : Plus(label, value);
+    }
     // Adds to a whole-number sum that is cut back at once, so fractions are lost term by term;
     // the term shows what the cut sum gained, when it gained something.
-    Figure& PlusCut(std::string_view label, double amount);
+    Figure& PlusCut(TermLabel label, double amount) {
+        // The sum is whole already: nothing to add is nothing to cut.
+        return amount == 0 ? *this : plusCut(label, amount);
+    }
     // A sum told by the terms of `parts` beneath it; shows when it or a part is not 0.
-    Figure& PlusSum(std::string_view label, double value, const Figure& parts);
-    Figure& Times(std::string_view label, double factor);
-    Figure& DividedRounded(std::string_view label, double divisor);
+    Figure& PlusSum(TermLabel label, double value, const Figure& parts);
+    Figure& Times(TermLabel label, double factor);
+    Figure& DividedRounded(TermLabel label, double divisor);
     // A budget "used/budget": the terms before it gave what is used, the budget starts here.
-    Figure& Over(std::string_view label, double budget);
+    Figure& Over(TermLabel label, double budget);
 
     double Value() const { return value_; }
 
   private:
     friend class FigureTerms;
-    Figure& append(TermJoin join, std::string_view label, double value);
+    Figure& append(TermJoin join, TermLabel label, double value);
+    Figure& plusCut(TermLabel label, double amount);
 
     FigureTerms* terms_;
     double value_ = 0;
