@@ -159,6 +159,12 @@ const std::vector<ScriptRunner::Command>& ScriptRunner::commands() {
          splitAtFirstWord<&ScriptRunner::chooseRow>},
         {"flag", "ITEM on|off", splitAtFirstWord<&ScriptRunner::setFlag>},
         {"select", "LIST N (-1 for none)", splitAtFirstWord<&ScriptRunner::selectRow>},
+        {"explain", "ITEM (the terms of the item's figure in the last recomputation)",
+         [](ScriptRunner& runner, const std::string& name) {
+             const Item* item = runner.sheet_->Items().Find(name);
+             if (item == nullptr) throw ScriptError{"unknown item " + name};
+             runner.out_ << ExplainFigure(runner.sheet_->figureTerms, name, ItemText(*item));
+         }},
     };
     return table;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <span>
+#include <utility>
 
 #include "ruledata/RuleData.h"
 #include "rules/EntryLists.h"
@@ -224,14 +225,24 @@ void MetaListBox_DoubleClick(CharacterSheet& sheet) {
 
 void MetaGetBonus(CharacterSheet& sheet) {
     const ListItem& list = sheet.MetaListBox;
+    sheet.metaBonusTerms.Clear(list);
+    sheet.metaBonusParts.clear();
     for (int entry = 0; entry < 14; ++entry) {
-        std::int64_t sum = 0;
+        Figure sum(sheet.metaBonusTerms);
         for (int row = 0; row < list.ListCount(); ++row)
-            sum = Whole(static_cast<double>(sum) +
-                        Val(list.Cell(row, MetaColumn::AttributeBonuses + entry)) *
-                            Val(list.Cell(row, EntryColumn::Level)));
-        sheet.m_all_bonuses[entry] = sum;
+            sum.PlusCut(ListRow{row}, Val(list.Cell(row, MetaColumn::AttributeBonuses + entry)) *
+                                          Val(list.Cell(row, EntryColumn::Level)));
+        sheet.m_all_bonuses[entry] = Whole(sum.Value());
+        sheet.metaBonusParts.push_back(std::move(sum));
     }
+}
+
+Figure& PlusMetaBonus(Figure& figure, const CharacterSheet& sheet, int entry) {
+    const auto index = static_cast<std::size_t>(entry);
+    const double bonus = static_cast<double>(sheet.m_all_bonuses[index]);
+    if (index < sheet.metaBonusParts.size() && sheet.metaBonusParts[index].Value() == bonus)
+        return figure.PlusSum("metaphysics", bonus, sheet.metaBonusParts[index]);
+    return figure.PlusBonus("metaphysics", bonus);
 }
 
 void AddMetaphysicsOperations(OperationTable& table) {

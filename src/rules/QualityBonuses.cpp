@@ -1,14 +1,23 @@
 #include "rules/QualityBonuses.h"
 
+#include "rules/Metaphysics.h"
 #include "sheet/CharacterSheet.h"
 #include "sheet/ListColumns.h"
 #include "text/TextHelpers.h"
 
 namespace zeph {
 
+// Alone, it forms the bonus items anew, and so begins a record of its own.
 void QualityGetBonus(CharacterSheet& sheet) {
+    sheet.figureTerms.Clear(sheet.QualityListBox);
+    QualityGetBonus(sheet, "held before");
+}
+
+void QualityGetBonus(CharacterSheet& sheet, const std::string& heldLabel) {
     const ListItem& qualities = sheet.QualityListBox;
-    double attributeSums[kAttributeCount] = {};
+    FigureTerms& terms = sheet.figureTerms;
+    Figure attributeSums[kAttributeCount] = {Figure(terms), Figure(terms), Figure(terms),
+                                             Figure(terms), Figure(terms), Figure(terms)};
     double essenceChanneling = 0;
     double taintChanneling = 0;
     double sadicas = 0;
@@ -25,8 +34,9 @@ void QualityGetBonus(CharacterSheet& sheet) {
             if (EqualsNoCase(marker, "Adept")) sadicas += Val(sheet.IntelligenceTotal.Text());
         }
         for (int a = 0; a < kAttributeCount; ++a)
-            attributeSums[a] +=
-                Val(qualities.Cell(row, QualityColumn::AttributeBonuses + a)) * level;
+            attributeSums[a].PlusBonus(
+                ListRow{row},
+                Val(qualities.Cell(row, QualityColumn::AttributeBonuses + a)) * level);
     }
 
     std::string summary;
@@ -46,13 +56,15 @@ void QualityGetBonus(CharacterSheet& sheet) {
 
     for (int a = 0; a < kAttributeCount; ++a) {
         TextItem& bonus = sheet.AttributeOf(a).bonus;
-        bonus.SetText(Str(attributeSums[a] + Val(bonus.Text()) +
-                          static_cast<double>(sheet.m_all_bonuses[static_cast<std::size_t>(a)])));
+        Figure figure(terms);
+        figure.PlusSum("qualities", attributeSums[a].Value(), attributeSums[a])
+            .Plus(heldLabel, Val(bonus.Text()));
+        terms.Write(bonus, PlusMetaBonus(figure, sheet, a));
     }
 }
 
 void AddQualityBonusOperations(OperationTable& table) {
-    AddOperation(table, "QualityGetBonus", QualityGetBonus);
+    AddOperation(table, "QualityGetBonus", static_cast<void (*)(CharacterSheet&)>(QualityGetBonus));
 }
 
 }  // namespace zeph

@@ -2,6 +2,8 @@
 // The per-row bonus pass that feeds the budgets runs inside the recomputation.
 #pragma once
 
+#include <string>
+
 #include "sheet/Operations.h"
 
 namespace zeph {
@@ -9,6 +11,8 @@ namespace zeph {
 class CharacterSheet;
 
 void QualityGetBonus(CharacterSheet& sheet);
+// The same within the recomputation, which tells what the bonus items held before it.
+void QualityGetBonus(CharacterSheet& sheet, const std::string& heldLabel);
 
 void AddQualityBonusOperations(OperationTable& table);
 

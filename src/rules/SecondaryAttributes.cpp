@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "ruledata/RuleData.h"
+#include "rules/Metaphysics.h"
 #include "rules/PointSums.h"
 #include "rules/QualityBonuses.h"
 #include "sheet/CharacterSheet.h"
@@ -16,13 +17,19 @@ namespace zeph {
 namespace {
 
 // Working values of one run; each addition is cut back to a whole number at once, so
-// fractions are lost row by row.
+// fractions are lost row by row. Each tells what every row gave it, by the row's name.
 struct BonusSums {
-    std::int64_t skill = 0, meta = 0, attribute = 0, essence = 0;
-    std::int64_t life = 0, speed = 0, endurance = 0, taintPool = 0;
+    explicit BonusSums(FigureTerms& terms)
+        : skill(terms),
+          meta(terms),
+          attribute(terms),
+          essence(terms),
+          life(terms),
+          speed(terms),
+          endurance(terms),
+          taintPool(terms) {}
+    Figure skill, meta, attribute, essence, life, speed, endurance, taintPool;
 };
-
-void addCut(std::int64_t& sum, double amount) { sum = Whole(static_cast<double>(sum) + amount); }
 
 double valueOf(const TextItem& item) { return Val(item.Text()); }
 
@@ -38,21 +45,23 @@ class BonusPass {
         const double level = Val(list.Cell(row, EntryColumn::Level));
         auto cell = [&](int column) -> const std::string& { return list.Cell(row, column); };
         const std::string& metaColumn = cell(QualityColumn::MetaBonus);
+        const ListRow name{row};
 
-        addCut(sums_.skill, expression(cell(QualityColumn::SkillBonus), metaColumn, false, level));
+        sums_.skill.PlusCut(name,
+                            expression(cell(QualityColumn::SkillBonus), metaColumn, false, level));
         if (s_.OptionalSkillPointBox.Value())
-            addCut(sums_.skill, Val(cell(QualityColumn::OptionalSkillBonus)) * level);
-        addCut(sums_.meta, expression(metaColumn, metaColumn, true, level));
+            sums_.skill.PlusCut(name, Val(cell(QualityColumn::OptionalSkillBonus)) * level);
+        sums_.meta.PlusCut(name, expression(metaColumn, metaColumn, true, level));
         const std::string& attribute = cell(QualityColumn::AttributeBonus);
         if (CountFields(attribute, "&&") > 1)
-            addCut(sums_.attribute, Val(NthField(attribute, "&&", 2)) * level);
-        addCut(sums_.essence,
-               expression(cell(QualityColumn::EssenceAttributeBonus), metaColumn, false, level));
-        std::int64_t* flat[] = {&sums_.essence, &sums_.life, &sums_.speed, &sums_.endurance,
-                                &sums_.taintPool};
+            sums_.attribute.PlusCut(name, Val(NthField(attribute, "&&", 2)) * level);
+        sums_.essence.PlusCut(
+            name, expression(cell(QualityColumn::EssenceAttributeBonus), metaColumn, false, level));
+        Figure* flat[] = {&sums_.essence, &sums_.life, &sums_.speed, &sums_.endurance,
+                          &sums_.taintPool};
         for (int i = 0; i < 5; ++i) {
             const std::string& bonus = cell(QualityColumn::EssenceBonus + i);
-            if (!bonus.empty()) addCut(*flat[i], Val(bonus) * level);
+            if (!bonus.empty()) flat[i]->PlusCut(name, Val(bonus) * level);
         }
     }
 
@@ -94,10 +103,31 @@ class BonusPass {
     BonusSums& sums_;
 };
 
+// A sum of the bonus pass, told by the qualities that gave it.
+Figure& plusQualities(Figure& figure, const Figure& sum) {
+    return figure.PlusSum("qualities", sum.Value(), sum);
+}
+
+// A figure that reads another figure's item names it, so its terms can be told beneath.
+Figure& plusItem(Figure& figure, const TextItem& item) {
+    return figure.Plus(item.Name(), valueOf(item));
+}
+
+// A budget: "used/budget", the budget formed from the type's base on.
+Figure usedOver(FigureTerms& terms, const std::string& used, const char* base, double value) {
+    Figure figure(terms);
+    figure.Plus("used", Val(used)).Over(base, value);
+    return figure;
+}
+
 }  // namespace
 
 void FigureSecondaryAttributes(CharacterSheet& s) {
     try {
+        s.figureTerms.Clear(s.QualityListBox);
+        FigureTerms& figures = s.figureTerms;
+        const std::string typeName =
+            s.CharacterTypePopup.Text() + " (" + s.ChooseCharPopup.Text() + ")";
         const std::string choicePath = "//charactertype/type[@value='" +
                                        s.CharacterTypePopup.Text() + "']/name[@value='" +
                                        s.ChooseCharPopup.Text() + "']";
@@ -109,6 +139,8 @@ void FigureSecondaryAttributes(CharacterSheet& s) {
         std::int64_t typeEssence = 0;
         std::string typeSpeed;
         std::int64_t vitalAdder = 0;
+        // What the *Bonus items hold when the quality and metaphysic bonuses join them.
+        std::string heldLabel = "placed points";
         if (auto points = s.Rules().Record(choicePath + "/bonuspts")) {
             auto fieldBonus = [&](int a) { return CDbl(s.AttributeOf(a).bonus.Text()); };
             auto recordBonus = [&](int a) { return CDbl(points->Attribute(kAttributeKeys[a])); };
@@ -122,7 +154,9 @@ void FigureSecondaryAttributes(CharacterSheet& s) {
             std::int64_t mentalExpected =
                 Whole(recordBonus(Intelligence) + recordBonus(Perception) + recordBonus(Willpower) +
                       CDbl(points->Attribute("mentalattr")) + m(6));
-            if (physicalSum != physicalExpected || mentalSum != mentalExpected) {
+            const bool reset = physicalSum != physicalExpected || mentalSum != mentalExpected;
+            heldLabel = reset ? typeName : typeName + " and placed points";
+            if (reset) {
                 for (int a = 0; a < kAttributeCount; ++a)
                     s.AttributeOf(a).bonus.SetText(Str(Val(points->Attribute(kAttributeKeys[a]))));
                 // The sum is cut, not its first term: "-0.5" with a pool bonus of 2 leaves 1.
@@ -141,27 +175,30 @@ void FigureSecondaryAttributes(CharacterSheet& s) {
         }
 
         // Step 2: the qualities' and metaphysics' attribute bonuses, and the pool summary.
-        QualityGetBonus(s);
+        QualityGetBonus(s, heldLabel);
 
         // Step 3: primary totals, in the order the sheet has always formed them.
         for (int a : {Dexterity, Intelligence, Constitution, Willpower, Strength, Perception}) {
             CharacterSheet::AttributeItems items = s.AttributeOf(a);
-            items.total.SetText(Str(valueOf(items.field) + valueOf(items.bonus)));
+            Figure total(figures);
+            figures.Write(items.total, plusItem(plusItem(total, items.field), items.bonus));
         }
 
         // Step 4: the bonus pass over the qualities.
-        BonusSums sums;
+        BonusSums sums(figures);
         BonusPass pass(s, sums);
         for (int row = 0; row < s.QualityListBox.ListCount(); ++row) pass.Row(row);
 
         // Step 5: secondary bonuses.
         const bool speedDivides = InStr(typeSpeed, "/") > 0;
-        s.LifePointsBonus.SetText(Str(static_cast<double>(sums.life) + m(8)));
-        s.SpeedBonus.SetText(
-            Str(static_cast<double>(sums.speed) + (speedDivides ? 0 : CDbl(typeSpeed)) + m(11)));
-        s.EnduranceBonus.SetText(Str(static_cast<double>(sums.endurance) + m(9)));
-        s.EssenceBonus.SetText(
-            Str(static_cast<double>(sums.essence) + static_cast<double>(typeEssence) + m(10)));
+        Figure life(figures), speed(figures), endurance(figures), essence(figures);
+        figures.Write(s.LifePointsBonus, PlusMetaBonus(plusQualities(life, sums.life), s, 8));
+        plusQualities(speed, sums.speed).PlusBonus(typeName, speedDivides ? 0 : CDbl(typeSpeed));
+        figures.Write(s.SpeedBonus, PlusMetaBonus(speed, s, 11));
+        figures.Write(s.EnduranceBonus,
+                      PlusMetaBonus(plusQualities(endurance, sums.endurance), s, 9));
+        plusQualities(essence, sums.essence).PlusBonus(typeName, static_cast<double>(typeEssence));
+        figures.Write(s.EssenceBonus, PlusMetaBonus(essence, s, 10));
 
         // Step 6: the type's formulas.
         double lifeMultiplier = 0, lifeAdder = 0, enduranceMultiplier = 0, enduranceAdder = 0;
@@ -179,60 +216,91 @@ void FigureSecondaryAttributes(CharacterSheet& s) {
         const double strength = valueOf(s.StrengthTotal),
                      constitution = valueOf(s.ConstitutionTotal),
                      dexterity = valueOf(s.DexterityTotal), willpower = valueOf(s.WillpowerTotal);
-        s.LifePointsTotal.SetText(Str(valueOf(s.LifePointsBonus) +
-                                      (strength + constitution) * lifeMultiplier + lifeAdder));
-        s.EnduranceTotal.SetText(Str(valueOf(s.EnduranceBonus) +
-                                     (strength + constitution + willpower) * enduranceMultiplier +
-                                     enduranceAdder));
-        double primarySum = 0;
-        for (int a = 0; a < kAttributeCount; ++a) primarySum += valueOf(s.AttributeOf(a).total);
-        s.EssenceTotal.SetText(Str(valueOf(s.EssenceBonus) + primarySum));
+        // Each bonus joins its total where adding it gives the same number as the formula.
+        Figure lifeTotal(figures);
+        lifeTotal.Plus("Strength", strength)
+            .Plus("Constitution", constitution)
+            .Times("life multiplier", lifeMultiplier);
+        plusItem(lifeTotal, s.LifePointsBonus).Plus("life adder", lifeAdder);
+        figures.Write(s.LifePointsTotal, lifeTotal);
+        Figure enduranceTotal(figures);
+        enduranceTotal.Plus("Strength", strength)
+            .Plus("Constitution", constitution)
+            .Plus("Willpower", willpower)
+            .Times("endurance multiplier", enduranceMultiplier);
+        plusItem(enduranceTotal, s.EnduranceBonus).Plus("endurance adder", enduranceAdder);
+        figures.Write(s.EnduranceTotal, enduranceTotal);
+        Figure essenceTotal(figures);
+        for (int a = 0; a < kAttributeCount; ++a)
+            essenceTotal.Plus(kAttributeNames[a], valueOf(s.AttributeOf(a).total));
+        figures.Write(s.EssenceTotal, plusItem(essenceTotal, s.EssenceBonus));
+        Figure speedTotal(figures);
+        speedTotal.Plus("Constitution", constitution).Plus("Dexterity", dexterity).Times("", 2);
         if (speedDivides)
-            s.SpeedTotal.SetText(
-                Str(valueOf(s.SpeedBonus) +
-                    Round((constitution + dexterity) * 2 / CDbl(NthField(typeSpeed, "/", 2)))));
-        else
-            s.SpeedTotal.SetText(Str(valueOf(s.SpeedBonus) + (constitution + dexterity) * 2));
+            speedTotal.DividedRounded(typeName + " speed divisor",
+                                      CDbl(NthField(typeSpeed, "/", 2)));
+        figures.Write(s.SpeedTotal, plusItem(speedTotal, s.SpeedBonus));
 
         // Step 8: the Taint pool joins the pool summary.
-        addCut(sums.taintPool, m(12));
-        if (sums.taintPool > 0) {
-            const std::string pool = "Taint Pool: " + Str(static_cast<double>(sums.taintPool));
+        sums.taintPool.PlusCut("metaphysics", m(12));
+        if (sums.taintPool.Value() > 0) {
+            const std::string pool = "Taint Pool: " + Str(sums.taintPool.Value());
             s.ExtraStatsField.SetText(
                 s.ExtraStatsField.Text().empty() ? pool : s.ExtraStatsField.Text() + ", " + pool);
         }
 
         // Step 9: the budgets.
         if (auto creation = s.Rules().Record(choicePath + "/creationpts")) {
-            auto budget = [&](const char* name, double extra) {
-                return Str(Val(creation->Attribute(name)) + extra);
+            // The quality and drawback budgets stand as the rule data writes them.
+            auto fixedBudget = [&](TextItem& item, const std::string& used, const char* name) {
+                const std::string base = creation->Attribute(name);
+                figures.Write(item, used + "/" + base, usedOver(figures, used, name, Val(base)));
             };
-            s.QualityField.SetText(SumQualityPoints(s) + "/" + creation->Attribute("qualitypts"));
-            s.DrawbackField.SetText(SumDrawbackPts(s) + "/" + creation->Attribute("drawbackpts"));
-            s.MetaField.SetText(SumMetaPts(s) + "/" +
-                                budget("metapts", static_cast<double>(sums.meta)));
+            fixedBudget(s.QualityField, SumQualityPoints(s), "qualitypts");
+            fixedBudget(s.DrawbackField, SumDrawbackPts(s), "drawbackpts");
+            // The other budgets grow by what the qualities give, and optional points.
+            auto budget = [&](TextItem& item, const std::string& used, const char* name,
+                              const char* extraLabel, double extra, const Figure& parts) {
+                Figure figure = usedOver(figures, used, name, Val(creation->Attribute(name)));
+                figure.PlusSum(extraLabel, extra, parts);
+                figures.Write(item, used + "/" + Str(figure.Value()), figure);
+            };
+            budget(s.MetaField, SumMetaPts(s), "metapts", "qualities", sums.meta.Value(),
+                   sums.meta);
+            const std::int64_t attributeBonus = Whole(sums.attribute.Value());
+            const std::int64_t skillBonus = Whole(sums.skill.Value());
             if (s.OptionalSkillPointBox.Value()) {
                 // The sums may reach Whole's bound (rule data of 1e300): they stop there.
-                const auto attributeExtra = AddWhole(sums.attribute, CalcAgeAttrbPenalty(s));
-                s.AttributeField.SetText(SumAttrPts(s) + "/" +
-                                         budget("attrpts", static_cast<double>(attributeExtra)));
-                const auto skillExtra = AddWhole(sums.skill, CalcSkillPts(s));
-                s.SkillField.SetText(SumSkillPts(s) + "/" +
-                                     budget("optskillptgen", static_cast<double>(skillExtra)));
+                const std::int64_t age = CalcAgeAttrbPenalty(s);
+                Figure attributeExtra(figures);
+                plusQualities(attributeExtra, sums.attribute)
+                    .PlusBonus("age", static_cast<double>(age));
+                budget(s.AttributeField, SumAttrPts(s), "attrpts", "qualities and age",
+                       static_cast<double>(AddWhole(attributeBonus, age)), attributeExtra);
+                const std::int64_t optional = CalcSkillPts(s);
+                Figure skillExtra(figures);
+                plusQualities(skillExtra, sums.skill)
+                    .PlusBonus("Intelligence, status and age", static_cast<double>(optional));
+                budget(s.SkillField, SumSkillPts(s), "optskillptgen",
+                       "qualities and optional points",
+                       static_cast<double>(AddWhole(skillBonus, optional)), skillExtra);
             } else {
-                s.AttributeField.SetText(SumAttrPts(s) + "/" +
-                                         budget("attrpts", static_cast<double>(sums.attribute)));
-                s.SkillField.SetText(SumSkillPts(s) + "/" +
-                                     budget("skillpts", static_cast<double>(sums.skill)));
+                budget(s.AttributeField, SumAttrPts(s), "attrpts", "qualities",
+                       static_cast<double>(attributeBonus), sums.attribute);
+                budget(s.SkillField, SumSkillPts(s), "skillpts", "qualities",
+                       static_cast<double>(skillBonus), sums.skill);
             }
             if (EqualsNoCase(creation->Attribute("vitalessence"), "true")) {
                 s.LPText.SetText("Vital Ess.:");
-                double vital = static_cast<double>(vitalAdder);
+                Figure vital(figures);
+                vital.Plus(typeName + " vital essence", static_cast<double>(vitalAdder));
                 for (int a = 0; a < kAttributeCount; ++a)
-                    vital += CDbl(s.AttributeOf(a).total.Text());
+                    vital.Plus(kAttributeNames[a], CDbl(s.AttributeOf(a).total.Text()));
                 // Essence is formed before the essence bonus goes into the vital figure.
-                s.EssenceTotal.SetText(Str(vital * 2 + valueOf(s.EssenceBonus)));
-                s.LifePointsTotal.SetText(Str(vital + valueOf(s.EssenceBonus)));
+                Figure vitalEssence = vital.Copy();
+                vitalEssence.Times("", 2);
+                figures.Write(s.EssenceTotal, plusItem(vitalEssence, s.EssenceBonus));
+                figures.Write(s.LifePointsTotal, plusItem(vital, s.EssenceBonus));
             } else {
                 s.LPText.SetText("Life Points:");
             }
@@ -241,8 +309,12 @@ void FigureSecondaryAttributes(CharacterSheet& s) {
         // Step 10: drama-point mode. The hidden items keep being computed.
         auto drama = s.Rules().Record(choicePath + "/dramapts");
         const bool dramaPoints = drama.has_value();
-        if (dramaPoints && !s.CharacterInPlayBox.Value())
-            s.DPField.SetText(drama->Attribute("points"));
+        if (dramaPoints && !s.CharacterInPlayBox.Value()) {
+            const std::string points = drama->Attribute("points");
+            Figure dramaFigure(figures);
+            figures.Write(s.DPField, points,
+                          dramaFigure.Plus(typeName + " drama points", Val(points)));
+        }
         s.DPField.SetVisible(dramaPoints);
         s.DPText.SetVisible(dramaPoints);
         for (Item* item : std::initializer_list<Item*>{

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "sheet/AttachedWindow.h"
+#include "sheet/FigureTerms.h"
 #include "sheet/Item.h"
 #include "sheet/Operations.h"
 #include "sheet/Properties.h"
@@ -196,6 +197,9 @@ public:
     std::int64_t m_row = 0;
     std::string m_altform;
     std::array<std::int64_t, 15> m_all_bonuses{};
+    // Who gave each entry of m_all_bonuses, by name, as the last MetaGetBonus found them.
+    FigureTerms metaBonusTerms;
+    std::vector<Figure> metaBonusParts;
     std::string fileSaveString;
     // This character's recovery copy in the state folder; empty when it keeps none.
     std::string recoveryCopyPath;
@@ -210,6 +214,8 @@ public:
     JournalWindowHandle* journalWindowHandle = nullptr;
     bool portraitWindowIsOpen = false;
     AttachedWindow* portraitWindowHandle = nullptr;
+    // Where each total, bonus and budget of the last recomputation comes from.
+    FigureTerms figureTerms;
     // Set when the character closes itself (a cancelled or failed open): its window goes.
     bool characterClosed = false;
 

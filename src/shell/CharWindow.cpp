@@ -18,6 +18,7 @@
 #include <QKeyEvent>
 #include <QTabWidget>
 #include <QToolButton>
+#include <QToolTip>
 #include <QTreeWidget>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -211,7 +212,7 @@ QWidget* CharWindow::shown(const std::string& itemName) {
     edit->setReadOnly(true);
     edit->setFocusPolicy(Qt::NoFocus);
     edit->setStyleSheet("QLineEdit { background: palette(window); }");
-    return edit;
+    return explained(edit);
 }
 
 // The free points the user places by clicking: green, with a hand cursor.
@@ -234,7 +235,24 @@ QWidget* CharWindow::bonusNumber(const std::string& itemName) {
     label->setAccessibleName(SpokenName(itemName) + " free point");
     label->setAlignment(Qt::AlignCenter);
     label->setToolTip("Click to place a free point here");
-    return label;
+    return explained(label);
+}
+
+QWidget* CharWindow::explained(QWidget* figure) {
+    figure->installEventFilter(this);
+    return figure;
+}
+
+bool CharWindow::showFigureTerms(QWidget& figure, const QPoint& at) {
+    const std::string name = figure.objectName().toStdString();
+    const auto* item = dynamic_cast<const TextItem*>(sheet_->Items().Find(name));
+    if (item == nullptr || sheet_->figureTerms.Shown(name) == nullptr) return false;
+    QString text =
+        QString::fromStdString(ExplainFigure(sheet_->figureTerms, name, item->Text())).trimmed();
+    // A tooltip of the widget's own (the bonus numbers' click hint) stays on top.
+    if (!figure.toolTip().isEmpty()) text = figure.toolTip() + "\n\n" + text;
+    QToolTip::showText(at, text, &figure);
+    return true;
 }
 
 QWidget* CharWindow::actionButton(const std::string& name, const QString& caption) {
@@ -298,6 +316,10 @@ bool CharWindow::dropRow(QTreeWidget& tree, const QPoint& at) {
 }
 
 bool CharWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ToolTip && watched->isWidgetType() &&
+        showFigureTerms(*static_cast<QWidget*>(watched),
+                        static_cast<QHelpEvent*>(event)->globalPos()))
+        return true;
     if (event->type() == QEvent::Drop) {
         auto* tree = qobject_cast<QTreeWidget*>(watched->parent());
         if (tree && dropRow(*tree, static_cast<QDropEvent*>(event)->position().toPoint())) {
@@ -387,7 +409,7 @@ QWidget* CharWindow::attributesTab() {
 
     auto* experience = new QFormLayout;
     experience->addRow(bound("CharacterInPlayBox", "Character is in play"));
-    experience->addRow(bound("DPText"), bound("DPField"));
+    experience->addRow(bound("DPText"), explained(bound("DPField")));
     experience->addRow("Saved XPs:", bound("SavedExperienceField"));
     experience->addRow("Spent XPs:", bound("SpentExperienceField"));
     experience->addRow("Attributes:", shown("AttributeField"));

@@ -65,6 +65,9 @@ class CharWindow : public QMainWindow, public CommandTarget {
     void offerMenu(QWidget* widget, const std::function<std::vector<std::string>()>& items,
                    const std::function<void(const std::string&)>& chosen);
     bool eventFilter(QObject* watched, QEvent* event) override;
+    // A figure's tooltip: where its number comes from, read from the sheet at hover time.
+    QWidget* explained(QWidget* figure);
+    bool showFigureTerms(QWidget& figure, const QPoint& at);
     // A row of a big list dropped at `at`: moved there in the sheet.
     bool dropRow(QTreeWidget& tree, const QPoint& at);
 
