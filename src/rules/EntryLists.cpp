@@ -28,6 +28,17 @@ std::optional<bool> payExperienceInPlay(CharacterSheet& sheet, const EntryList& 
     return true;
 }
 
+// The items after the name with their cells: the shared ones, then the list's own.
+std::vector<EntryCell> cellsOf(const EntryList& entry) {
+    std::vector<EntryCell> cells = {{&entry.level, EntryColumn::Level},
+                                    {&entry.cost, EntryColumn::Cost},
+                                    {&entry.xpCost, EntryColumn::XPCost},
+                                    {&entry.notes, EntryColumn::Notes, entry.notesOnOneLine},
+                                    {&entry.reference, EntryColumn::Reference}};
+    for (const EntryCell& cell : entry.ownCells) cells.push_back(cell);
+    return cells;
+}
+
 }  // namespace
 
 std::int64_t SelectedRowOr(const ListItem& list, std::int64_t current) {
@@ -95,6 +106,17 @@ void FillCosts(const XmlNode& costs, bool reachesHighPrice, TextItem& costPerLev
     for (TextItem* item : runningCosts) item->SetText("0");
 }
 
+void PopulateEntry(CharacterSheet& sheet, const EntryList& entry, const ComboItem& chosen,
+                   const std::function<void(const RuleData& rules)>& fill) {
+    try {
+        entry.name.SetText(chosen.Text());
+        fill(sheet.Rules());
+        entry.editedRow = -1;
+    } catch (const XmlError& failure) {
+        sheet.ShowXmlFailure(failure);
+    }
+}
+
 std::optional<int> RecordEntry(CharacterSheet& sheet, const EntryList& entry,
                                bool prerequisitesMet) {
     bool record = prerequisitesMet;
@@ -112,10 +134,10 @@ std::optional<int> RecordEntry(CharacterSheet& sheet, const EntryList& entry,
         row = list.LastIndex();
     }
     entry.name.SetText("");
-    for (const EntryCell& cell : entry.cells) {
-        const std::string& text = cell.item.Text();
+    for (const EntryCell& cell : cellsOf(entry)) {
+        const std::string& text = cell.item->Text();
         list.SetCell(row, cell.column, cell.lineEndsToBlanks ? LineEndsToBlanks(text) : text);
-        cell.item.SetText("");
+        cell.item->SetText("");
     }
     return row;
 }
@@ -124,7 +146,8 @@ int PullBackEntry(const EntryList& entry) {
     entry.editedRow = SelectedRowOr(entry.list, entry.editedRow);
     const int row = static_cast<int>(entry.editedRow);
     entry.name.SetText(entry.list.Cell(row, EntryColumn::Name));
-    for (const EntryCell& cell : entry.cells) cell.item.SetText(entry.list.Cell(row, cell.column));
+    for (const EntryCell& cell : cellsOf(entry))
+        cell.item->SetText(entry.list.Cell(row, cell.column));
     return row;
 }
 

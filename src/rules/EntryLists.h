@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -25,7 +26,7 @@ class XmlNodeList;
 // An entry item and the cell of the row that recording fills from it and a double-click pulls
 // back into it.
 struct EntryCell {
-    TextItem& item;
+    TextItem* item;
     int column;
     // Recording writes each line end of the item as one blank.
     bool lineEndsToBlanks = false;
@@ -35,11 +36,19 @@ struct EntryCell {
 struct EntryList {
     ListItem& list;
     std::int64_t& editedRow;  // q_row, s_row or m_row: -1 while the items describe a new row
-    TextItem& name;           // column 0
-    TextItem& xpCost;         // what recording pays in play
-    // The items after the name, in the order recording empties them. A double-click fills the
-    // same ones; none of them has a change operation, so the order matters to no one there.
-    std::vector<EntryCell> cells;
+    // The entry items every list records first, into the columns they share.
+    TextItem& name;
+    TextItem& level;
+    TextItem& cost;
+    TextItem& xpCost;  // also what recording pays in play
+    TextItem& notes;
+    TextItem& reference;
+    // The list's own items after them, in the order recording empties them. A double-click
+    // fills the same ones; none of them has a change operation, so the order matters to no one
+    // there.
+    std::vector<EntryCell> ownCells = {};
+    // Recording writes each line end of the notes as one blank.
+    bool notesOnOneLine = false;
 };
 
 // The names an area gives its removal operations, in the order of the members.
@@ -80,6 +89,12 @@ bool ReadBonuses(const RuleData& rules, const std::string& path, std::span<const
 // highest level cannot reach it; level and running costs become "0".
 void FillCosts(const XmlNode& costs, bool reachesHighPrice, TextItem& costPerLevel,
                TextItem& xpCostPerLevel, std::initializer_list<TextItem*> runningCosts);
+
+// Fills the entry items from the rule data of the name chosen in `chosen`, which stands at
+// `path`: the name item takes the choice, `fill` reads the rest, and the items then describe a
+// new row. An XML failure shows its report and ends the filling, what was filled kept.
+void PopulateEntry(CharacterSheet& sheet, const EntryList& entry, const ComboItem& chosen,
+                   const std::function<void(const RuleData& rules)>& fill);
 
 // The common start of recording an entry: the prerequisites message when they are not met;
 // in play, experience decides instead (and is taken even when the empty name then refuses).

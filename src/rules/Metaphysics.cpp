@@ -28,21 +28,15 @@ constexpr int kPointBonusCount = 6;
 // this: a lowest level from absurd rule data (1e12) would keep the press busy for ever.
 constexpr std::int64_t kMostLevelsInOnePress = 1000;
 
-EntryList metaEntry(CharacterSheet& sheet) {
-    return {sheet.MetaListBox,
-            sheet.m_row,
-            sheet.MetaNameField,
-            sheet.MetaXPCostField,
-            {{sheet.MetaLevelField, EntryColumn::Level},
-             {sheet.MetaCostField, EntryColumn::Cost},
-             {sheet.MetaXPCostField, EntryColumn::XPCost},
-             {sheet.MetaNoteField, EntryColumn::Notes},
-             {sheet.MetaReferenceField, EntryColumn::Reference},
-             {sheet.MetaPrerequisiteField, MetaColumn::Prerequisites, true},
-             {sheet.MetaMaxLevelField, MetaColumn::Levels},
-             {sheet.MetaCostPerLevelField, MetaColumn::CostPerLevel},
-             {sheet.MetaXPCostPerLevelField, MetaColumn::XPCostPerLevel},
-             {sheet.MetaXPCostNewField, MetaColumn::XPCostNew}}};
+EntryList metaEntry(CharacterSheet& s) {
+    EntryList entry{s.MetaListBox,   s.m_row,           s.MetaNameField, s.MetaLevelField,
+                    s.MetaCostField, s.MetaXPCostField, s.MetaNoteField, s.MetaReferenceField};
+    entry.ownCells = {{&s.MetaPrerequisiteField, MetaColumn::Prerequisites, true},
+                      {&s.MetaMaxLevelField, MetaColumn::Levels},
+                      {&s.MetaCostPerLevelField, MetaColumn::CostPerLevel},
+                      {&s.MetaXPCostPerLevelField, MetaColumn::XPCostPerLevel},
+                      {&s.MetaXPCostNewField, MetaColumn::XPCostNew}};
+    return entry;
 }
 
 std::span<std::int64_t> attributeBonuses(CharacterSheet& sheet) {
@@ -170,10 +164,8 @@ bool MetaCheckQualityPrereq(CharacterSheet& sheet, const std::string& text) {
 }
 
 void PopulateMetaInfo(CharacterSheet& sheet) {
-    const RuleData& rules = sheet.Rules();
-    try {
-        sheet.MetaNameField.SetText(sheet.MetaPopup.Text());
-        const std::string path = metaPath(sheet, sheet.MetaPopup.Text());
+    const std::string path = metaPath(sheet, sheet.MetaPopup.Text());
+    PopulateEntry(sheet, metaEntry(sheet), sheet.MetaPopup, [&](const RuleData& rules) {
         if (auto costs = rules.Record(path + "/costs")) fillCosts(sheet, *costs);
         TakeLeaf(rules, path + "/pagereference", sheet.MetaReferenceField);
         TakeLeaf(rules, path + "/metaprerequisite", sheet.MetaPrerequisiteField);
@@ -181,10 +173,7 @@ void PopulateMetaInfo(CharacterSheet& sheet) {
         ReadBonuses(rules, path + "/bonusattr", kAttributeBonusKeys, attributeBonuses(sheet));
         ReadBonuses(rules, path + "/bonuspts", kPointBonusKeys, pointBonuses(sheet));
         sheet.m_altform = rules.Leaf(path + "/altform").value_or("");
-        sheet.m_row = -1;
-    } catch (const XmlError& failure) {
-        sheet.ShowXmlFailure(failure);
-    }
+    });
 }
 
 void MetaUpDownArrows_Up(CharacterSheet& sheet) {

@@ -14,20 +14,16 @@ namespace {
 
 const char* const kTypeQuery = "//qualities/type";
 
-EntryList qualityEntry(CharacterSheet& sheet) {
-    return {sheet.QualityListBox,
-            sheet.q_row,
-            sheet.QualityNameField,
-            sheet.QualityXPCostField,
-            {{sheet.QualityLevelField, EntryColumn::Level},
-             {sheet.QualityCostField, EntryColumn::Cost},
-             {sheet.QualityXPCostField, EntryColumn::XPCost},
-             {sheet.QualityNoteField, EntryColumn::Notes},
-             {sheet.QualityReferenceField, EntryColumn::Reference},
-             {sheet.QualityPrerequisiteField, QualityColumn::Prerequisites, true},
-             {sheet.QualityMaxLevelField, QualityColumn::MaxLevel},
-             {sheet.QualityCostPerLevelField, QualityColumn::CostPerLevel},
-             {sheet.QualityXPCostPerLevelField, QualityColumn::XPCostPerLevel}}};
+EntryList qualityEntry(CharacterSheet& s) {
+    EntryList entry{s.QualityListBox,   s.q_row,
+                    s.QualityNameField, s.QualityLevelField,
+                    s.QualityCostField, s.QualityXPCostField,
+                    s.QualityNoteField, s.QualityReferenceField};
+    entry.ownCells = {{&s.QualityPrerequisiteField, QualityColumn::Prerequisites, true},
+                      {&s.QualityMaxLevelField, QualityColumn::MaxLevel},
+                      {&s.QualityCostPerLevelField, QualityColumn::CostPerLevel},
+                      {&s.QualityXPCostPerLevelField, QualityColumn::XPCostPerLevel}};
+    return entry;
 }
 
 std::span<std::int64_t> attributeBonuses(CharacterSheet& sheet) {
@@ -134,11 +130,8 @@ void QualityTypePopup_Change(CharacterSheet& sheet) {
 }
 
 void PopulateQualityInfo(CharacterSheet& sheet) {
-    const RuleData& rules = sheet.Rules();
-    try {
-        sheet.QualityNameField.SetText(sheet.QualityPopup.Text());
-        const std::string path =
-            ChosenNamePath(kTypeQuery, sheet.QualityTypePopup, sheet.QualityPopup);
+    const std::string path = ChosenNamePath(kTypeQuery, sheet.QualityTypePopup, sheet.QualityPopup);
+    PopulateEntry(sheet, qualityEntry(sheet), sheet.QualityPopup, [&](const RuleData& rules) {
         if (auto costs = rules.Record(path + "/costs")) fillCosts(sheet, *costs);
         TakeLeaf(rules, path + "/pagereference", sheet.QualityReferenceField);
         TakeLeaf(rules, path + "/prerequisites", sheet.QualityPrerequisiteField);
@@ -157,10 +150,7 @@ void PopulateQualityInfo(CharacterSheet& sheet) {
         // Without a node all ten point bonuses go; with one the tenth keeps what it held.
         if (!ReadBonuses(rules, path + "/bonuspts", kQualityBonusPointKeys, sheet.q_bonuspts))
             sheet.q_bonuspts.fill("");
-        sheet.q_row = -1;
-    } catch (const XmlError& failure) {
-        sheet.ShowXmlFailure(failure);
-    }
+    });
 }
 
 void QualityUpDownArrows_Up(CharacterSheet& sheet) {

@@ -16,16 +16,14 @@ namespace {
 
 const char* const kCategoryQuery = "//skills/category";
 
-EntryList skillEntry(CharacterSheet& sheet) {
-    return {sheet.SkillListBox,
-            sheet.s_row,
-            sheet.SkillNameField,
-            sheet.SkillXPCostField,
-            {{sheet.SkillLevelField, EntryColumn::Level},
-             {sheet.SkillCostField, EntryColumn::Cost},
-             {sheet.SkillXPCostField, EntryColumn::XPCost},
-             {sheet.SkillNotesField, EntryColumn::Notes, true},
-             {sheet.SkillReferenceField, EntryColumn::Reference}}};
+// Skills keep their notes on one line; the rest of their row (type, sub-types) is written apart.
+EntryList skillEntry(CharacterSheet& s) {
+    EntryList entry{s.SkillListBox,    s.s_row,
+                    s.SkillNameField,  s.SkillLevelField,
+                    s.SkillCostField,  s.SkillXPCostField,
+                    s.SkillNotesField, s.SkillReferenceField};
+    entry.notesOnOneLine = true;
+    return entry;
 }
 
 bool isMartial(const std::string& name) { return InStr(name, "Martial Arts") > 0; }
@@ -101,11 +99,9 @@ void SkillCategoryPopup_Change(CharacterSheet& sheet) {
 }
 
 void PopulateSkillInfo(CharacterSheet& sheet) {
-    const RuleData& rules = sheet.Rules();
-    try {
-        sheet.SkillNameField.SetText(sheet.SkillPopup.Text());
-        const std::string path =
-            ChosenNamePath(kCategoryQuery, sheet.SkillCategoryPopup, sheet.SkillPopup);
+    const std::string path =
+        ChosenNamePath(kCategoryQuery, sheet.SkillCategoryPopup, sheet.SkillPopup);
+    PopulateEntry(sheet, skillEntry(sheet), sheet.SkillPopup, [&](const RuleData& rules) {
         TakeLeaf(rules, path + "/pagereference", sheet.SkillReferenceField);
         sheet.SkillLevelField.SetText("0");
         sheet.SkillCostField.SetText("0");
@@ -126,10 +122,7 @@ void PopulateSkillInfo(CharacterSheet& sheet) {
         if (isMartial(name) || isLucid(name)) moves.SetVisible(true);
         if (isMartial(name)) moves.SetHeading(0, "Martial Maneuver");
         if (isLucid(name)) moves.SetHeading(0, "Visualization");
-        sheet.s_row = -1;
-    } catch (const XmlError& failure) {
-        sheet.ShowXmlFailure(failure);
-    }
+    });
 }
 
 void SkillSelectPopup_Change(CharacterSheet& sheet) {
