@@ -226,14 +226,6 @@ void MetaGetBonus(CharacterSheet& sheet) {
     }
 }
 
-Figure& PlusMetaBonus(Figure& figure, const CharacterSheet& sheet, int entry) {
-    const auto index = static_cast<std::size_t>(entry);
-    const double bonus = static_cast<double>(sheet.m_all_bonuses[index]);
-    if (index < sheet.metaBonusParts.size() && sheet.metaBonusParts[index].Value() == bonus)
-        return figure.PlusSum("metaphysics", bonus, sheet.metaBonusParts[index]);
-    return figure.PlusBonus("metaphysics", bonus);
-}
-
 void AddMetaphysicsOperations(OperationTable& table) {
     AddOperation(table, "LoadMetaTypes", LoadMetaTypes);
     AddOperation(table, "MetaTypePopup_MouseDown", LoadMetaTypes);

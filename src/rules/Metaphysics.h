@@ -6,7 +6,6 @@
 
 #include <string>
 
-#include "sheet/FigureTerms.h"
 #include "sheet/Operations.h"
 
 namespace zeph {
@@ -24,9 +23,6 @@ void MetaRecordButton_Action(CharacterSheet& sheet);
 void MetaListBox_DoubleClick(CharacterSheet& sheet);
 // Renews m_all_bonuses: per column 11 to 24, the sum over the rows of the bonus times the level.
 void MetaGetBonus(CharacterSheet& sheet);
-// Adds entry `entry` of m_all_bonuses to a figure, told by the metaphysics that gave it; told
-// as one number when the entry was set otherwise than by MetaGetBonus, as they would not add up.
-Figure& PlusMetaBonus(Figure& figure, const CharacterSheet& sheet, int entry);
 
 void AddMetaphysicsOperations(OperationTable& table);
 

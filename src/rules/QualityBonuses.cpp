@@ -1,6 +1,6 @@
 #include "rules/QualityBonuses.h"
 
-#include "rules/Metaphysics.h"
+#include "rules/MetaBonusTerms.h"
 #include "sheet/CharacterSheet.h"
 #include "sheet/ListColumns.h"
 #include "text/TextHelpers.h"

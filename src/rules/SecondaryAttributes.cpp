@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "ruledata/RuleData.h"
-#include "rules/Metaphysics.h"
+#include "rules/MetaBonusTerms.h"
 #include "rules/PointSums.h"
 #include "rules/QualityBonuses.h"
 #include "sheet/CharacterSheet.h"
