@@ -97,4 +97,7 @@ TEST_F(SheetTest, EveryFigureIsFormedByTheTermsItRecords) {
         EXPECT_NE(ExplainFigure(figures, branch.named, named).find(branch.bonus), std::string::npos)
             << ExplainFigure(figures, branch.named, named);
     }
+    // A term of nothing is told as added, not as taken away.
+    const std::string life = ExplainFigure(sheet->figureTerms, "LifePointsTotal", "");
+    EXPECT_NE(life.find("+ life adder 0\n"), std::string::npos) << life;
 }

@@ -38,6 +38,7 @@ TEST_F(Metaphysics, PrerequisitesWithAlternativesJudgedAsTheyStand) {
         {"Ward,2", {{"ward", "1"}}, false},
         {"A,1&&B,1", {{"A", "1"}}, false},
         {"A,1&&B,1", {{"a", "1"}, {"B", "3"}}, true},
+        {"", {}, true},
         {"A,1||B,1", {{"B", "1"}}, true},
         {"A,1&&B,1||C,1", {{"C", "1"}}, true},
         {"A,1&&B,1||C,1", {{"A", "1"}, {"B", "1"}}, true},
