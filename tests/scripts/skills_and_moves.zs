@@ -43,6 +43,9 @@ expect changed SkillCostField=4 ; SkillLevelField=2 ; SkillMartialVisualListBox.
   SkillPopup=Martial Arts ; SkillReferenceField=ZSB p. 81 ; SkillSelectPopup=Iron Crane ; \
   SkillSelectPopup.rows=Iron Crane|River Fist|Stone Palm ; SkillTypeCombo=Special ; \
   Skill{Popup,TypeCombo}.ListIndex=1 ; Skill{SelectPopup.ListIndex,XPCostField}=0
+# The style chosen again replaces its basic moves rather than adding them twice.
+do SkillSelectPopup_Change
+expect SkillMartialVisualListBox.ListCount 3
 do SkillMartialVisualListBox_ConstructContextualMenu
 do SkillMartialVisualListBox_ContextualMenuAction Sweep
 select SkillMartialVisualListBox 3
