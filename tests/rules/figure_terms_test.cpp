@@ -100,4 +100,6 @@ TEST_F(SheetTest, EveryFigureIsFormedByTheTermsItRecords) {
     // A term of nothing is told as added, not as taken away.
     const std::string life = ExplainFigure(sheet->figureTerms, "LifePointsTotal", "");
     EXPECT_NE(life.find("+ life adder 0\n"), std::string::npos) << life;
+    // A total tells its bonus's own terms beneath it.
+    EXPECT_NE(life.find("\n        Hard to Kill 6\n"), std::string::npos) << life;
 }
