@@ -57,6 +57,8 @@ class LineEditBinding : public ItemBinding {
         if (edit_.text() == text) return;
         QSignalBlocker quiet(&edit_);
         edit_.setText(text);
+        // A text longer than the field reads from its start unless the user is typing in it.
+        if (!edit_.hasFocus()) edit_.setCursorPosition(0);
     }
 
   private:
@@ -133,6 +135,12 @@ class StyledBinding : public ItemBinding {
     StyledBinding(const EventLookup& events, TextItem& item, QTextEdit& edit, CoreCall call)
         : ItemBinding(events, item, edit, std::move(call)), item_(item), edit_(edit) {
         edit.setAcceptRichText(false);
+        // A styled text is a page: its colours are stored with it and exported on white, and
+        // "Normal" makes text black, so the field stays white under a dark theme too.
+        QPalette page = edit.palette();
+        page.setColor(QPalette::Base, Qt::white);
+        page.setColor(QPalette::Text, Qt::black);
+        edit.setPalette(page);
         connect(&edit, &QTextEdit::textChanged, this,
                 [this] { write([&] { item_.SetStyled(runsShown(*edit_.document())); }); });
     }
@@ -526,13 +534,8 @@ QWidget* SheetBinder::Widget(const std::string& itemName, const std::string& cap
         }
         case ItemKind::Label:
             return Label(itemName);
-        case ItemKind::Styled: {
-            auto* edit = new QTextEdit(owner_);
-            binding = std::make_unique<StyledBinding>(events_, dynamic_cast<TextItem&>(item), *edit,
-                                                      call_);
-            widget = edit;
-            break;
-        }
+        case ItemKind::Styled:
+            return StyledField(dynamic_cast<TextItem&>(item));
         case ItemKind::Flag: {
             auto* box = new QCheckBox(q(caption), owner_);
             binding =

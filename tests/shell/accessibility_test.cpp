@@ -108,5 +108,42 @@ TEST(Accessibility, EveryControlOfEveryWindowHasANameOfItsOwn) {
         if (other != &exporting) other->close();
 }
 
+// The Tab key walks each tab as it reads: down a column, along a row, then up into the next
+// column to the right, never back up or to the left.
+TEST(Accessibility, TheTabKeyFollowsTheReadingOrderOfEveryTab) {
+    test::GuiTestApp();
+    ScriptedPlatform platform{"/nonexistent-prefs", "", "/tmp"};
+    DataModule data;
+    App app{data, platform};
+    ASSERT_TRUE(app.LoadDataFile(ZEPHALON_SOURCE_DIR "/data/rules/sample.xml"));
+    CharWindow window(std::make_unique<CharacterSheet>(data, platform, SheetOperations()));
+    window.InstallMenus(MenuSources{nullptr, [] { return std::vector<std::string>{}; }, {}});
+    window.show();
+    auto* tabs = window.findChild<QTabWidget*>();
+    for (int tab = 0; tab < tabs->count(); ++tab) {
+        tabs->setCurrentIndex(tab);
+        QApplication::processEvents();
+        int reached = 0;
+        QWidget* previous = nullptr;
+        for (QWidget* widget = tabs->nextInFocusChain(); widget != tabs;
+             widget = widget->nextInFocusChain()) {
+            if (!widget->isVisible() || !(widget->focusPolicy() & Qt::TabFocus) ||
+                widget->objectName().isEmpty() || !tabs->currentWidget()->isAncestorOf(widget))
+                continue;
+            ++reached;
+            if (previous) {
+                const QPoint from = previous->mapTo(&window, QPoint());
+                const QPoint to = widget->mapTo(&window, QPoint());
+                const bool sameRow = std::abs(to.y() - from.y()) <= 8;
+                EXPECT_TRUE(sameRow ? to.x() > from.x() : to.y() > from.y() || to.x() > from.x() + 8)
+                    << previous->objectName().toStdString() << " then "
+                    << widget->objectName().toStdString();
+            }
+            previous = widget;
+        }
+        EXPECT_GE(reached, 6) << tabs->tabText(tab).toStdString();
+    }
+}
+
 }  // namespace
 }  // namespace zeph::gui
