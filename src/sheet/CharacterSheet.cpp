@@ -24,6 +24,7 @@ void CharacterSheet::hookChangeOperations() {
         // where the text reads the same (two rows alike, or a row set again after a refill).
         const bool rowsChoose = item->Kind() == ItemKind::Combo || item->Kind() == ItemKind::Choice;
         item->Observe([this, &operation, rowsChoose](ItemChange change) {
+            if (items_.replaying) return;
             if (change == ItemChange::Text || (rowsChoose && change == ItemChange::Selection))
                 operation.run(*this, "");
         });

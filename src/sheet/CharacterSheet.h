@@ -14,6 +14,7 @@
 #include "sheet/Item.h"
 #include "sheet/Operations.h"
 #include "sheet/Properties.h"
+#include "sheet/UndoHistory.h"
 
 namespace zeph {
 
@@ -31,7 +32,31 @@ inline constexpr std::array<const char*, kAttributeCount> kAttributeNames = {
 inline constexpr std::array<const char*, kAttributeCount> kAttributeKeys = {
     "strength", "dexterity", "constitution", "intelligence", "perception", "willpower"};
 
-class CharacterSheet {
+// The properties that the sheet's steps change beside its items, taken back with them. Arrays
+// have their upper bound plus one elements.
+struct SheetWorkingState {
+    std::int64_t mentalBonus = 0;
+    std::int64_t physicalBonus = 0;
+    std::array<std::int64_t, 7> attrBonus{};
+    std::array<std::int64_t, 7> q_attributes{};
+    std::array<std::string, 11> q_bonuspts{};
+    std::int64_t q_row = 0;
+    std::string q_chartype;
+    std::int64_t s_row = 0;
+    std::vector<std::string> martialmaneuvers;
+    std::vector<std::string> visualizations;
+    std::array<std::int64_t, 9> m_attributes{};
+    std::array<std::string, 7> m_bonuspts{};
+    std::int64_t m_row = 0;
+    std::string m_altform;
+    std::array<std::int64_t, 15> m_all_bonuses{};
+    std::string title = "Zephalon Character Creator";
+    std::string currentNotesButton;  // the notes field in place; empty counts as "Notes"
+
+    bool operator==(const SheetWorkingState&) const = default;
+};
+
+class CharacterSheet : public SheetWorkingState {
 public:
     // Each item's change runs its change operation from the table, when the table has one.
     CharacterSheet(DataModule& data, Platform& platform, const OperationTable& operations);
@@ -181,22 +206,7 @@ public:
     ComboItem EquipmentTypePopup{items_, "EquipmentTypePopup", ItemKind::Combo};
     TextItem EquipLabel{items_, "EquipLabel", ItemKind::Label};
 
-    // Properties beside the items. Arrays have their upper bound plus one elements.
-    std::int64_t mentalBonus = 0;
-    std::int64_t physicalBonus = 0;
-    std::array<std::int64_t, 7> attrBonus{};
-    std::array<std::int64_t, 7> q_attributes{};
-    std::array<std::string, 11> q_bonuspts{};
-    std::int64_t q_row = 0;
-    std::string q_chartype;
-    std::int64_t s_row = 0;
-    std::vector<std::string> martialmaneuvers;
-    std::vector<std::string> visualizations;
-    std::array<std::int64_t, 9> m_attributes{};
-    std::array<std::string, 7> m_bonuspts{};
-    std::int64_t m_row = 0;
-    std::string m_altform;
-    std::array<std::int64_t, 15> m_all_bonuses{};
+    // Properties beside the items: those a step changes are in SheetWorkingState above.
     // Who gave each entry of m_all_bonuses, by name, as the last MetaGetBonus found them.
     FigureTerms metaBonusTerms;
     std::vector<Figure> metaBonusParts;
@@ -205,8 +215,6 @@ public:
     std::string recoveryCopyPath;
     bool loadingCharFile = false;
     bool savedChar = true;
-    std::string title = "Zephalon Character Creator";
-    std::string currentNotesButton;  // the notes field in place; empty counts as "Notes"
     std::string portraitPath;
     // A picture dropped since the character was opened, as the bytes of a PNG file.
     std::optional<std::string> portraitImage;
@@ -218,6 +226,8 @@ public:
     FigureTerms figureTerms;
     // Set when the character closes itself (a cancelled or failed open): its window goes.
     bool characterClosed = false;
+    // The steps the user can take back and do again; after the items, which it watches.
+    UndoHistory history{items_, *this, savedChar};
 
     // The field, bonus and total items of one primary attribute.
     struct AttributeItems {

@@ -6,6 +6,29 @@
 #include "text/TextHelpers.h"
 
 namespace zeph {
+namespace {
+
+// An item's own members, as a copy set aside.
+template <class... T>
+struct KeptMembers : Item::Kept {
+    explicit KeptMembers(const std::tuple<T&...>& members) : values(members) {}
+    std::tuple<T...> values;
+};
+
+template <class... T>
+std::unique_ptr<Item::Kept> keepMembers(const std::tuple<T&...>& members) {
+    return std::make_unique<KeptMembers<T...>>(members);
+}
+
+template <class... T>
+void tradeMembers(const std::tuple<T&...>& members, Item::Kept& kept) {
+    auto& values = static_cast<KeptMembers<T...>&>(kept).values;
+    std::apply([&](auto&... held) { std::apply([&](auto&... now) { (std::swap(now, held), ...); },
+                                               members); },
+               values);
+}
+
+}  // namespace
 
 void ItemRegistry::Add(Item* item) {
     if (!byName_.emplace(item->Name(), item).second)
@@ -19,18 +42,20 @@ Item* ItemRegistry::Find(const std::string& name) const {
 }
 
 Item::Item(ItemRegistry& registry, std::string name, ItemKind kind, bool visible)
-    : name_(std::move(name)), kind_(kind), visible_(visible) {
+    : registry_(registry), name_(std::move(name)), kind_(kind), visible_(visible) {
     registry.Add(this);
 }
 
 void Item::SetVisible(bool visible) {
     if (visible_ == visible) return;
+    willChange();
     visible_ = visible;
     Notify(ItemChange::Visibility);
 }
 
 void Item::SetEnabled(bool enabled) {
     if (enabled_ == enabled) return;
+    willChange();
     enabled_ = enabled;
     Notify(ItemChange::Enabled);
 }
@@ -41,6 +66,14 @@ int Item::Observe(Observer observer) {
 }
 
 void Item::StopObserving(int token) { observers_.erase(token); }
+
+void Item::tellTraded(std::initializer_list<ItemChange> changes) {
+    const bool wasReplaying = std::exchange(registry_.replaying, true);
+    Notify(ItemChange::Visibility);
+    Notify(ItemChange::Enabled);
+    for (ItemChange change : changes) Notify(change);
+    registry_.replaying = wasReplaying;
+}
 
 void Item::Notify(ItemChange change) {
     // An observer may detach others (a view closing): walk a copy of the tokens.
@@ -75,18 +108,21 @@ void TextItem::AppendStyled(const StyledText& more) {
     // In place: adding to a long text costs what is added, not the whole text again.
     const std::string added = more.Text();
     if (added.empty()) return;
+    willChange();
     styled_.Append(more);
     text_ += added;
     Notify(ItemChange::Text);
 }
 
 void TextItem::SetSelection(int start, int length) {
-    const int oldStart = selStart_;
-    const int oldLength = selLength_;
-    selStart_ = std::max(start, 0);
-    selLength_ = std::max(length, 0);
-    clampSelection();
-    if (selStart_ != oldStart || selLength_ != oldLength) Notify(ItemChange::Selection);
+    const int textLength = Len(text_);
+    const int newStart = std::min(std::max(start, 0), textLength);
+    const int newLength = std::min(std::max(length, 0), textLength - newStart);
+    if (newStart == selStart_ && newLength == selLength_) return;
+    willChange();
+    selStart_ = newStart;
+    selLength_ = newLength;
+    Notify(ItemChange::Selection);
 }
 
 void TextItem::ReplaceSelection(const std::string& text) {
@@ -94,12 +130,14 @@ void TextItem::ReplaceSelection(const std::string& text) {
     const std::size_t length = Left(std::string_view(text_).substr(start), selLength_).size();
     StyledText styled = styled_;
     styled.Replace(start, length, text);
+    willChange();
     selStart_ += Len(text);
     selLength_ = 0;
     change(std::move(styled));
 }
 
 void TextItem::change(StyledText styled) {
+    willChange();
     std::string text = styled.Text();
     styled_ = std::move(styled);
     if (text == text_) {
@@ -118,13 +156,32 @@ void TextItem::clampSelection() {
     selLength_ = std::min(selLength_, textLength - selStart_);
 }
 
+std::unique_ptr<Item::Kept> TextItem::Keep() const {
+    return keepMembers(const_cast<TextItem*>(this)->held());
+}
+
+void TextItem::Trade(Kept& kept) {
+    tradeMembers(held(), kept);
+    tellTraded({ItemChange::Text, ItemChange::Bold, ItemChange::Selection});
+}
+
 FlagItem::FlagItem(ItemRegistry& registry, std::string name, bool value, ItemKind kind)
     : Item(registry, std::move(name), kind, true), value_(value) {}
 
 void FlagItem::SetValue(bool value) {
     if (value_ == value) return;
+    willChange();
     value_ = value;
     Notify(ItemChange::Text);
+}
+
+std::unique_ptr<Item::Kept> FlagItem::Keep() const {
+    return keepMembers(const_cast<FlagItem*>(this)->held());
+}
+
+void FlagItem::Trade(Kept& kept) {
+    tradeMembers(held(), kept);
+    tellTraded({ItemChange::Text});
 }
 
 ComboItem::ComboItem(ItemRegistry& registry, std::string name, ItemKind kind,
@@ -140,6 +197,8 @@ int ComboItem::rowOf(const std::string& text) const {
 void ComboItem::setTextAndIndex(const std::string& text, int index) {
     bool textChanged = text_ != text;
     bool indexChanged = listIndex_ != index;
+    if (!textChanged && !indexChanged) return;
+    willChange();
     text_ = text;
     listIndex_ = index;
     if (textChanged) Notify(ItemChange::Text);
@@ -156,6 +215,7 @@ void ComboItem::SetText(const std::string& text) {
 }
 
 void ComboItem::AddRow(const std::string& text) {
+    willChange();
     rows_.push_back(text);
     Notify(ItemChange::Rows);
 }
@@ -163,6 +223,7 @@ void ComboItem::AddRow(const std::string& text) {
 void ComboItem::DeleteAllRows() {
     // Emptying the rows is no choice of the user's: the change operation does not run, so an
     // entry buffer stays as it was when its type or category changes.
+    willChange();
     rows_.clear();
     listIndex_ = -1;
     if (Kind() == ItemKind::Choice) text_.clear();
@@ -183,6 +244,15 @@ void ComboItem::SetListIndex(int index) {
     setTextAndIndex(rows_[static_cast<std::size_t>(index)], index);
 }
 
+std::unique_ptr<Item::Kept> ComboItem::Keep() const {
+    return keepMembers(const_cast<ComboItem*>(this)->held());
+}
+
+void ComboItem::Trade(Kept& kept) {
+    tradeMembers(held(), kept);
+    tellTraded({ItemChange::Rows, ItemChange::Text, ItemChange::Selection});
+}
+
 ListItem::ListItem(ItemRegistry& registry, std::string name, int columnCount,
                    std::vector<std::string> headings, bool visible)
     : Item(registry, std::move(name), ItemKind::List, visible),
@@ -193,25 +263,34 @@ ListItem::ListItem(ItemRegistry& registry, std::string name, int columnCount,
 }
 
 void ListItem::SetColumnCount(int columnCount) {
+    willChange();
     columnCount_ = columnCount;
     const auto count = static_cast<std::size_t>(columnCount);
     headings_.resize(count);
     centred_.resize(count);
-    for (Row& r : rows_) {
+    for (int index = 0; index < ListCount(); ++index) {
+        Row& r = changeRow(index);
         r.cells.resize(count);
         r.bold.resize(count);
     }
     Notify(ItemChange::Heading);
 }
 
-ListItem::Row& ListItem::row(int index) {
+void ListItem::checkRow(int index) const {
     if (index < 0 || index >= ListCount())
         throw std::out_of_range(Name() + ": no row " + std::to_string(index));
-    return rows_[static_cast<std::size_t>(index)];
 }
 
 const ListItem::Row& ListItem::row(int index) const {
-    return const_cast<ListItem*>(this)->row(index);
+    checkRow(index);
+    return *rows_[static_cast<std::size_t>(index)];
+}
+
+ListItem::Row& ListItem::changeRow(int index) {
+    checkRow(index);
+    SharedRow& shared = rows_[static_cast<std::size_t>(index)];
+    if (shared.use_count() > 1) shared = std::make_shared<Row>(*shared);
+    return *shared;
 }
 
 void ListItem::checkColumn(int column) const {
@@ -219,11 +298,11 @@ void ListItem::checkColumn(int column) const {
         throw std::out_of_range(Name() + ": no column " + std::to_string(column));
 }
 
-ListItem::Row ListItem::makeRow(const std::string& text) const {
-    Row r;
-    r.cells.assign(static_cast<std::size_t>(columnCount_), "");
-    r.bold.assign(static_cast<std::size_t>(columnCount_), false);
-    if (columnCount_ > 0) r.cells[0] = text;
+ListItem::SharedRow ListItem::makeRow(const std::string& text) const {
+    auto r = std::make_shared<Row>();
+    r->cells.assign(static_cast<std::size_t>(columnCount_), "");
+    r->bold.assign(static_cast<std::size_t>(columnCount_), false);
+    if (columnCount_ > 0) r->cells[0] = text;
     return r;
 }
 
@@ -234,70 +313,95 @@ const std::string& ListItem::Cell(int rowIndex, int column) const {
 
 void ListItem::SetCell(int rowIndex, int column, const std::string& value) {
     checkColumn(column);
-    std::string& cell = row(rowIndex).cells[static_cast<std::size_t>(column)];
-    if (cell == value) return;
-    cell = value;
+    if (row(rowIndex).cells[static_cast<std::size_t>(column)] == value) return;
+    willChange();
+    changeRow(rowIndex).cells[static_cast<std::size_t>(column)] = value;
     Notify(ItemChange::Rows);
 }
 
 void ListItem::AddRow(const std::string& text) {
-    rows_.push_back(makeRow(text));
-    lastIndex_ = ListCount() - 1;
-    Notify(ItemChange::Rows);
+    InsertRow(ListCount(), text);
 }
 
 void ListItem::InsertRow(int rowIndex, const std::string& text) {
     if (rowIndex < 0 || rowIndex > ListCount())
         throw std::out_of_range(Name() + ": cannot insert at row " + std::to_string(rowIndex));
+    willChange();
     rows_.insert(rows_.begin() + rowIndex, makeRow(text));
+    selected_.insert(selected_.begin() + rowIndex, false);
     lastIndex_ = rowIndex;
     Notify(ItemChange::Rows);
 }
 
 void ListItem::RemoveRow(int rowIndex) {
-    row(rowIndex);
+    checkRow(rowIndex);
+    willChange();
     rows_.erase(rows_.begin() + rowIndex);
+    selected_.erase(selected_.begin() + rowIndex);
     Notify(ItemChange::Rows);
 }
 
 void ListItem::MoveRow(int from, int to) {
-    Row moved = row(from);
+    checkRow(from);
+    willChange();
+    SharedRow moved = rows_[static_cast<std::size_t>(from)];
+    const bool wasSelected = selected_[static_cast<std::size_t>(from)];
     rows_.erase(rows_.begin() + from);
+    selected_.erase(selected_.begin() + from);
     to = std::clamp(to, 0, ListCount());
     rows_.insert(rows_.begin() + to, std::move(moved));
+    selected_.insert(selected_.begin() + to, wasSelected);
     Notify(ItemChange::Rows);
 }
 
 void ListItem::SortRows(int column) {
     checkColumn(column);
+    willChange();
     const auto index = static_cast<std::size_t>(column);
-    std::stable_sort(rows_.begin(), rows_.end(), [index](const Row& a, const Row& b) {
-        return LessNoCase(a.cells[index], b.cells[index]);
+    std::vector<std::size_t> order(rows_.size());
+    for (std::size_t i = 0; i < order.size(); ++i) order[i] = i;
+    std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
+        return LessNoCase(rows_[a]->cells[index], rows_[b]->cells[index]);
     });
+    std::vector<SharedRow> rows;
+    std::vector<bool> selected;
+    for (std::size_t from : order) {
+        rows.push_back(rows_[from]);
+        selected.push_back(selected_[from]);
+    }
+    rows_ = std::move(rows);
+    selected_ = std::move(selected);
     Notify(ItemChange::Rows);
 }
 
 void ListItem::DeleteAllRows() {
+    willChange();
     rows_.clear();
+    selected_.clear();
     Notify(ItemChange::Rows);
 }
 
 int ListItem::ListIndex() const {
-    for (int i = 0; i < ListCount(); ++i)
-        if (rows_[static_cast<std::size_t>(i)].selected) return i;
-    return -1;
+    const auto first = std::find(selected_.begin(), selected_.end(), true);
+    return first == selected_.end() ? -1 : static_cast<int>(first - selected_.begin());
 }
 
 void ListItem::SetListIndex(int rowIndex) {
-    if (rowIndex != -1) row(rowIndex);
-    for (int i = 0; i < ListCount(); ++i) rows_[static_cast<std::size_t>(i)].selected = i == rowIndex;
+    if (rowIndex != -1) checkRow(rowIndex);
+    willChange();
+    for (int i = 0; i < ListCount(); ++i) selected_[static_cast<std::size_t>(i)] = i == rowIndex;
     Notify(ItemChange::Selection);
 }
 
-bool ListItem::Selected(int rowIndex) const { return row(rowIndex).selected; }
+bool ListItem::Selected(int rowIndex) const {
+    checkRow(rowIndex);
+    return selected_[static_cast<std::size_t>(rowIndex)];
+}
 
 void ListItem::SetSelected(int rowIndex, bool selected) {
-    row(rowIndex).selected = selected;
+    checkRow(rowIndex);
+    willChange();
+    selected_[static_cast<std::size_t>(rowIndex)] = selected;
     Notify(ItemChange::Selection);
 }
 
@@ -308,7 +412,9 @@ bool ListItem::CellBold(int rowIndex, int column) const {
 
 void ListItem::SetCellBold(int rowIndex, int column, bool bold) {
     checkColumn(column);
-    row(rowIndex).bold[static_cast<std::size_t>(column)] = bold;
+    checkRow(rowIndex);
+    willChange();
+    changeRow(rowIndex).bold[static_cast<std::size_t>(column)] = bold;
     Notify(ItemChange::Bold);
 }
 
@@ -319,11 +425,13 @@ const std::string& ListItem::Heading(int column) const {
 
 void ListItem::SetHeading(int column, const std::string& heading) {
     checkColumn(column);
+    willChange();
     headings_[static_cast<std::size_t>(column)] = heading;
     Notify(ItemChange::Heading);
 }
 
 void ListItem::SetColumnWidths(const std::string& widths) {
+    willChange();
     columnWidths_ = widths;
     Notify(ItemChange::Layout);
 }
@@ -335,13 +443,25 @@ bool ListItem::ColumnCentred(int column) const {
 
 void ListItem::SetColumnCentred(int column, bool centred) {
     checkColumn(column);
+    willChange();
     centred_[static_cast<std::size_t>(column)] = centred;
     Notify(ItemChange::Layout);
 }
 
 void ListItem::SetShownColumns(int count) {
+    willChange();
     shownColumns_ = count;
     Notify(ItemChange::Layout);
+}
+
+std::unique_ptr<Item::Kept> ListItem::Keep() const {
+    return keepMembers(const_cast<ListItem*>(this)->held());
+}
+
+void ListItem::Trade(Kept& kept) {
+    tradeMembers(held(), kept);
+    tellTraded({ItemChange::Heading, ItemChange::Layout, ItemChange::Rows, ItemChange::Selection,
+                ItemChange::Bold});
 }
 
 }  // namespace zeph

@@ -5,7 +5,9 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "sheet/StyledText.h"
@@ -26,9 +28,20 @@ public:
     Item* Find(const std::string& name) const;
     const std::vector<Item*>& All() const { return inOrder_; }
 
+    // Told before any item changes, with the item as it still is: how a step's record learns
+    // what to bring back. One watcher at a time.
+    void WatchChanges(std::function<void(Item&)> watcher) { watcher_ = std::move(watcher); }
+    void WillChange(Item& item) {
+        if (watcher_) watcher_(item);
+    }
+    // Set while a step is taken back or done again: what the items tell is no edit, so their
+    // change operations stay still.
+    bool replaying = false;
+
 private:
     std::map<std::string, Item*> byName_;
     std::vector<Item*> inOrder_;
+    std::function<void(Item&)> watcher_;
 };
 
 class Item {
@@ -52,10 +65,26 @@ public:
     int Observe(Observer observer);
     void StopObserving(int token);
 
+    // What an item holds, set aside so that a step can be taken back.
+    struct Kept {
+        virtual ~Kept() = default;
+    };
+    virtual std::unique_ptr<Kept> Keep() const = 0;
+    // Trades what the item holds for what was kept, so that the same record serves undo and
+    // redo, and tells the observers.
+    virtual void Trade(Kept& kept) = 0;
+
 protected:
     void Notify(ItemChange change);
+    // Called by every change before it changes anything.
+    void willChange() { registry_.WillChange(*this); }
+    // What every item holds; each kind adds its own to it.
+    auto heldByEvery() { return std::tie(visible_, enabled_); }
+    // Tells the observers of a trade: whether shown and enabled, and the changes of its kind.
+    void tellTraded(std::initializer_list<ItemChange> changes);
 
 private:
+    ItemRegistry& registry_;
     std::string name_;
     ItemKind kind_;
     bool visible_;
@@ -87,7 +116,11 @@ public:
     // before it, with the insertion point after it.
     void ReplaceSelection(const std::string& text);
 
+    std::unique_ptr<Kept> Keep() const override;
+    void Trade(Kept& kept) override;
+
 private:
+    auto held() { return std::tuple_cat(heldByEvery(), std::tie(text_, styled_, selStart_, selLength_)); }
     // Takes the new runs; tells a new text as such, and otherwise a change of styles.
     void change(StyledText styled);
     void clampSelection();
@@ -106,7 +139,11 @@ public:
     bool Value() const { return value_; }
     void SetValue(bool value);
 
+    std::unique_ptr<Kept> Keep() const override;
+    void Trade(Kept& kept) override;
+
 private:
+    auto held() { return std::tuple_cat(heldByEvery(), std::tie(value_)); }
     bool value_;
 };
 
@@ -127,7 +164,11 @@ public:
     void SetListIndex(int index);
     const std::vector<std::string>& Rows() const { return rows_; }
 
+    std::unique_ptr<Kept> Keep() const override;
+    void Trade(Kept& kept) override;
+
 private:
+    auto held() { return std::tuple_cat(heldByEvery(), std::tie(text_, rows_, listIndex_)); }
     int rowOf(const std::string& text) const;
     void setTextAndIndex(const std::string& text, int index);
 
@@ -180,23 +221,36 @@ public:
     int ShownColumns() const { return shownColumns_; }
     void SetShownColumns(int count);
 
+    std::unique_ptr<Kept> Keep() const override;
+    void Trade(Kept& kept) override;
+
 private:
     struct Row {
         std::vector<std::string> cells;
         std::vector<bool> bold;
-        bool selected = false;
     };
-    Row& row(int index);
+    // Rows are shared with the records of steps until one of them is changed, so that keeping
+    // a long list aside costs a pointer a row.
+    using SharedRow = std::shared_ptr<Row>;
+    auto held() {
+        return std::tuple_cat(heldByEvery(),
+                              std::tie(columnCount_, headings_, centred_, columnWidths_,
+                                       shownColumns_, rows_, selected_, lastIndex_));
+    }
     const Row& row(int index) const;
+    // The row to change: a copy of its own when a record shares it.
+    Row& changeRow(int index);
+    void checkRow(int index) const;
     void checkColumn(int column) const;
-    Row makeRow(const std::string& text) const;
+    SharedRow makeRow(const std::string& text) const;
 
     int columnCount_;
     std::vector<std::string> headings_;
     std::vector<bool> centred_;
     std::string columnWidths_;
     int shownColumns_ = -1;
-    std::vector<Row> rows_;
+    std::vector<SharedRow> rows_;
+    std::vector<bool> selected_;  // beside the rows: choosing a row copies none
     int lastIndex_ = -1;
 };
 

@@ -21,6 +21,7 @@
 
 #include "app/SheetOperations.h"
 #include "sheet/CharacterSheet.h"
+#include "text/NameWords.h"
 
 namespace zeph::gui {
 namespace {
@@ -486,21 +487,8 @@ QWidget* SheetBinder::StyledField(TextItem& item) {
 }
 
 QString SpokenName(const std::string& name) {
-    // Words start at a capital after a small letter or a digit, at the last capital of a run
-    // followed by a small letter ("XPCost"), at a digit after a letter, and after "_".
     QStringList words;
-    QString word;
-    const QString text = q(name);
-    for (int i = 0; i < text.size(); ++i) {
-        const QChar c = text[i], before = i ? text[i - 1] : QChar(),
-                    after = i + 1 < text.size() ? text[i + 1] : QChar();
-        const bool starts = (c.isUpper() && (before.isLower() || before.isDigit() ||
-                                             (before.isUpper() && after.isLower()))) ||
-                            (c.isDigit() && before.isLetter()) || c == '_';
-        if (starts && !word.isEmpty()) words << std::exchange(word, QString());
-        if (c != '_') word += c;
-    }
-    if (!word.isEmpty()) words << word;
+    for (const std::string& word : NameWords(name)) words << q(word);
     // The widget's kind says nothing a screen reader does not say itself, but a list to choose
     // from stands beside a field of the same words ("QualityPopup", "QualityField").
     if (words.size() > 1 && (words.back() == "Popup" || words.back() == "Combo"))
