@@ -97,6 +97,27 @@ std::string EditStepName(const Item& item) {
     }
 }
 
+std::optional<std::string> RunUserOperation(CharacterSheet& sheet, const std::string& operation,
+                                            const std::string& argument) {
+    const auto run = [&] { return sheet.Operations().at(operation).run(sheet, argument); };
+    const std::size_t mark = operation.rfind('_');
+    const std::string item = mark == std::string::npos ? "" : operation.substr(0, mark),
+                      event = mark == std::string::npos ? "" : operation.substr(mark + 1);
+    static const std::set<std::string> stepEvents = {"Action", "Up", "Down", "DoubleClick",
+                                                     "KeyDown"};
+    std::optional<std::string> result;
+    if (event == "LostFocus" && sheet.Items().Find(item)) {
+        RunStep(sheet, EditStepName(*sheet.Items().Find(item)), [&] { result = run(); }, item);
+        sheet.history.EndTyping();
+    } else if (!item.empty() && item[0] != '_' && (stepEvents.count(event) ||
+                                 (event == "MouseDown" && item.ends_with("Bonus")))) {
+        RunStep(sheet, StepName(operation), [&] { result = run(); });
+    } else {
+        result = run();
+    }
+    return result;
+}
+
 void RunStep(CharacterSheet& sheet, const std::string& name, const std::function<void()>& work,
              const std::string& typingInto) {
     OpenStep step(sheet, name, typingInto);

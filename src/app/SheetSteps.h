@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace zeph {
@@ -17,6 +18,13 @@ std::string StepName(const std::string& operation);
 // The step an edit of the item starts: "Typing in Name", "Choose Character Type", "Select
 // Quality".
 std::string EditStepName(const Item& item);
+
+// Runs the sheet's operation of that name as what the user did: a button, an arrow, a double
+// click, a delete key or a free point is a step of its own; a field's _LostFocus ends the
+// typing into it as part of that step; looking (a tab, a focus, a list opened), saving and the
+// status line are no step. Gives the operation's result.
+std::optional<std::string> RunUserOperation(CharacterSheet& sheet, const std::string& operation,
+                                            const std::string& argument = "");
 
 // Runs `work` as one step of the sheet, even when it throws. Typing into a text item goes on as
 // the same step until the sheet's history hears that the typing ended.

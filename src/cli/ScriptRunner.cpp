@@ -13,6 +13,7 @@
 #include "documents/SavingCharacters.h"
 #include "platform/Files.h"
 #include "app/SheetOperations.h"
+#include "app/SheetSteps.h"
 #include "text/TextHelpers.h"
 #include "tools/About.h"
 #include "tools/DataFileManager.h"
@@ -114,6 +115,14 @@ void ScriptRunner::splitAtFirstWord(ScriptRunner& runner, const std::string& res
     (runner.*act)(word, more);
 }
 
+template <void (ScriptRunner::*act)(const std::string&, const std::string&)>
+void ScriptRunner::editStep(ScriptRunner& runner, const std::string& rest) {
+    auto [word, more] = firstWord(rest);
+    const Item* edited = runner.tool_ ? nullptr : runner.sheet_->Items().Find(word.substr(0, word.find('[')));
+    if (edited == nullptr) return (runner.*act)(word, more);
+    RunEditStep(*runner.sheet_, *edited, [&] { (runner.*act)(word, more); });
+}
+
 const std::vector<ScriptRunner::Command>& ScriptRunner::commands() {
     static const std::vector<Command> table = {
         {"data", "PATH (loads the rule data file)",
@@ -154,11 +163,15 @@ const std::vector<ScriptRunner::Command>& ScriptRunner::commands() {
         {"set",
          "ITEM TEXT (also a property; \\n is a line end, \\b the backspace key), "
          "or set LIST[r] c0|c1|...",
-         splitAtFirstWord<&ScriptRunner::setItem>},
+         editStep<&ScriptRunner::setItem>},
         {"choose", "ITEM TEXT (the row of that text, or the text of a combo)",
-         splitAtFirstWord<&ScriptRunner::chooseRow>},
-        {"flag", "ITEM on|off", splitAtFirstWord<&ScriptRunner::setFlag>},
-        {"select", "LIST N (-1 for none)", splitAtFirstWord<&ScriptRunner::selectRow>},
+         editStep<&ScriptRunner::chooseRow>},
+        {"flag", "ITEM on|off", editStep<&ScriptRunner::setFlag>},
+        {"select", "LIST N (-1 for none)", editStep<&ScriptRunner::selectRow>},
+        {"undo", "(takes back the last step: an operation, or a set, choose, flag or select)",
+         [](ScriptRunner& runner, const std::string&) { runner.sheet_->history.Undo(); }},
+        {"redo", "(does the step taken back again)",
+         [](ScriptRunner& runner, const std::string&) { runner.sheet_->history.Redo(); }},
         {"explain", "ITEM (the terms of the item's figure in the last recomputation)",
          [](ScriptRunner& runner, const std::string& name) {
              const Item* item = runner.sheet_->Items().Find(name);
@@ -285,10 +298,8 @@ void ScriptRunner::doOperation(const std::string& name, const std::string& writt
         if (operation == nullptr) throw ScriptError{"unknown operation " + name};
         return (*operation)(argument);
     }
-    const OperationTable& operations = SheetOperations();
-    auto found = operations.find(name);
-    if (found != operations.end()) {
-        if (auto result = found->second.run(*sheet_, argument))
+    if (SheetOperations().count(name)) {
+        if (auto result = RunUserOperation(*sheet_, name, argument))
             out_ << name << " = " << EscapeLineEnds(*result) << "\n";
         return;
     }
@@ -420,6 +431,8 @@ std::vector<std::pair<std::string, std::string>> ScriptRunner::values(const std:
         if (const auto* property = tool_ ? nullptr : sheet_->Properties().Find(base))
             return one(property->get());
         if (base == "App.doneloading") return one(BoolText(app_.doneloading));
+        if (base == "undo") return one(sheet_->history.UndoName());
+        if (base == "redo") return one(sheet_->history.RedoName());
         if (base == "DataModule.zephalondata") return one(data_.zephalondata);
         if (base == "DataModule.datafilepath") return one(data_.datafilepath);
         if (base == "DataModule.knowndatafiles") return one(JoinFields(data_.knowndatafiles, ","));

@@ -47,6 +47,9 @@ private:
     // A handler whose command takes a first word and the rest: `act(word, rest)`.
     template <void (ScriptRunner::*act)(const std::string&, const std::string&)>
     static void splitAtFirstWord(ScriptRunner& runner, const std::string& rest);
+    // The same for an edit of the sheet's item named by the first word: one step of the sheet.
+    template <void (ScriptRunner::*act)(const std::string&, const std::string&)>
+    static void editStep(ScriptRunner& runner, const std::string& rest);
 
     void runLine(const std::string& line);
     void failUnreachedExpectations(std::istream& script);

@@ -410,6 +410,8 @@ void LoadXMLCharSheet(CharacterSheet& sheet, const std::string& path) {
     QualityGetBonus(sheet);
     MetaGetBonus(sheet);
     ShowBonus(sheet);
+    // What could be taken back belonged to the sheet before the file.
+    sheet.history.Clear();
     platform.CloseNotice(notice);
 }
 

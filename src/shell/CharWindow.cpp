@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QHeaderView>
@@ -22,6 +23,7 @@
 #include <QTreeWidget>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <tuple>
 
 #include "documents/CharacterFile.h"
 #include "documents/Recovery.h"
@@ -35,6 +37,7 @@
 #include "shell/PortraitView.h"
 #include "shell/StyleBar.h"
 #include "app/SheetOperations.h"
+#include "app/SheetSteps.h"
 #include "shell/CoreCall.h"
 #include "shell/ItemBinding.h"
 
@@ -150,12 +153,28 @@ void CharWindow::call(const std::function<void()>& work) {
 }
 
 void CharWindow::runOperation(const std::string& name) {
-    call([&] { SheetOperations().at(name).run(*sheet_, ""); });
+    call([&] { RunUserOperation(*sheet_, name); });
+}
+
+void CharWindow::step(const std::string& name, const std::function<void()>& work) {
+    call([&] { RunStep(*sheet_, name, work); });
 }
 
 void CharWindow::InstallMenus(const MenuSources& sources) {
     menus_ = sources;
     BuildMenuBar(*this, sources);
+    if (auto* edit = menuBar()->findChild<QMenu*>("EditMenu"))
+        connect(edit, &QMenu::aboutToShow, this, [this] { nameSteps(); });
+}
+
+void CharWindow::nameSteps() {
+    const bool typing = TakesText(QApplication::focusWidget());
+    for (const auto& [command, caption, next] :
+         {std::tuple{"EditUndo", "&Undo", sheet_->history.UndoName()},
+          std::tuple{"EditRedo", "Redo", sheet_->history.RedoName()}})
+        if (auto* action = menuBar()->findChild<QAction*>(command))
+            action->setText(typing || next.empty() ? caption
+                                                   : QString(caption).remove('&') + " " + QString::fromStdString(next));
 }
 
 void CharWindow::Load(const std::string& path) {
@@ -169,6 +188,9 @@ void CharWindow::Reopen(const LeftBehindCopy& copy) {
 void CharWindow::addCommands() {
     for (int tab = 0; tab < 6; ++tab) commands_[kTabCommands[tab]] = [this, tab] { showTab(tab); };
     commands_["FileClose"] = [this] { close(); };
+    // Outside a text field, Undo and Redo take whole steps of the sheet.
+    commands_["EditUndo"] = [this] { call([this] { sheet_->history.Undo(); }); };
+    commands_["EditRedo"] = [this] { call([this] { sheet_->history.Redo(); }); };
     commands_["FileSave"] = [this] { call([this] { FileSave_Action(*sheet_); }); };
     commands_["FileSaveAsCharacterFile"] = [this] {
         call([this] { FileSaveAsCharacterFile_Action(*sheet_); });
@@ -306,7 +328,7 @@ bool CharWindow::dropRow(QTreeWidget& tree, const QPoint& at) {
     if (from < 0) return false;
     const QModelIndex target = tree.indexAt(at);
     const int to = target.isValid() ? target.row() : list.ListCount() - 1;
-    call([&] {
+    step("Move Row", [&] {
         const auto handler = sheet_->Operations().find(list.Name() + "_DragReorderRows");
         if (handler != sheet_->Operations().end()) handler->second.run(*sheet_, "");
         list.MoveRow(from, to);
@@ -338,7 +360,7 @@ bool CharWindow::eventFilter(QObject* watched, QEvent* event) {
     const char* code = key == Qt::Key_Backspace ? "\x08" : key == Qt::Key_Delete ? "\x10" : nullptr;
     if (code == nullptr) return QMainWindow::eventFilter(watched, event);
     const std::string operation = watched->objectName().toStdString() + "_KeyDown";
-    call([&] { sheet_->Operations().at(operation).run(*sheet_, code); });
+    call([&] { RunUserOperation(*sheet_, operation, code); });
     return true;
 }
 
@@ -351,8 +373,10 @@ void CharWindow::offerMenu(QWidget* widget, const std::function<std::vector<std:
                 call([&] {
                     for (const std::string& item : items()) menu.addAction(QString::fromStdString(item));
                 });
-                if (QAction* picked = menu.exec(widget->mapToGlobal(at)))
-                    call([&] { chosen(picked->text().toStdString()); });
+                if (QAction* picked = menu.exec(widget->mapToGlobal(at))) {
+                    const std::string item = picked->text().toStdString();
+                    step("Choose " + item, [&] { chosen(item); });
+                }
             });
 }
 
@@ -472,7 +496,7 @@ QWidget* CharWindow::qualitiesTab() {
     // A press on a heading sorts the rows and so ends keeping drawbacks apart.
     list->header()->setSectionsClickable(true);
     connect(list->header(), &QHeaderView::sectionClicked, this, [this](int column) {
-        call([&] {
+        step("Sort Qualities", [&] {
             sheet_->Operations().at("QualityListBox_HeaderPressed").run(*sheet_, "");
             sheet_->QualityListBox.SortRows(column);
         });

@@ -45,6 +45,10 @@ class CharWindow : public QMainWindow, public CommandTarget {
     // Core work from a slot: guarded, then the window's own title is brought up to date.
     void call(const std::function<void()>& work);
     void runOperation(const std::string& name);
+    // Core work that is one step the user can take back, named for the Edit menu.
+    void step(const std::string& name, const std::function<void()>& work);
+    // The Edit menu's Undo and Redo say which steps they take.
+    void nameSteps();
     void showTitle();
     void showTab(int tab);
     // Fills the command table: the tabs, the File commands of a character and the Format menu.

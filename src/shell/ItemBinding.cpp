@@ -20,6 +20,7 @@
 #include <utility>
 
 #include "app/SheetOperations.h"
+#include "app/SheetSteps.h"
 #include "sheet/CharacterSheet.h"
 #include "text/NameWords.h"
 
@@ -34,7 +35,7 @@ EventLookup sheetEvents(CharacterSheet& sheet) {
         const OperationTable& operations = SheetOperations();
         auto found = operations.find(name);
         if (found == operations.end()) return {};
-        return [&sheet, operation = &found->second] { operation->run(sheet, ""); };
+        return [&sheet, name] { RunUserOperation(sheet, name); };
     };
 }
 
@@ -415,7 +416,10 @@ void ItemBinding::ShowAll() {
     widget_.setEnabled(item_.Enabled());
 }
 
-void ItemBinding::write(const std::function<void()>& edit) { call_(edit); }
+void ItemBinding::write(const std::function<void()>& edit) {
+    if (edits_) call_([&] { edits_(item_, edit); });
+    else call_(edit);
+}
 
 void ItemBinding::runEvent(const std::function<void()>& event) {
     if (event) call_(event);
@@ -465,7 +469,11 @@ bool ItemBinding::eventFilter(QObject* watched, QEvent* event) {
 }
 
 SheetBinder::SheetBinder(CharacterSheet& sheet, CoreCall call, QWidget* owner)
-    : SheetBinder(sheet.Items(), sheetEvents(sheet), std::move(call), owner) {}
+    : SheetBinder(sheet.Items(), sheetEvents(sheet), std::move(call), owner) {
+    edits_ = [&sheet](Item& item, const std::function<void()>& edit) {
+        RunEditStep(sheet, item, edit);
+    };
+}
 
 SheetBinder::SheetBinder(const ItemRegistry& items, EventLookup events, CoreCall call,
                          QWidget* owner)
@@ -578,6 +586,7 @@ QLabel* SheetBinder::Label(const std::string& itemName) {
 
 void SheetBinder::adopt(std::unique_ptr<ItemBinding> binding) {
     binding->ShareFocus(focus_);
+    binding->TakeEdits(edits_);
     bindings_.push_back(std::move(binding));
 }
 

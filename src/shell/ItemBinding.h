@@ -24,6 +24,8 @@ namespace zeph::gui {
 
 // Runs core work for a widget; the window passes it through its guard.
 using CoreCall = std::function<void(const std::function<void()>&)>;
+// Runs a user's edit of the item as what it is to the items' owner: a sheet's step.
+using EditCall = std::function<void(Item&, const std::function<void()>&)>;
 // The named operation of the items' owner, ready to run; an empty function when it has none.
 using EventLookup = std::function<std::function<void()>(const std::string& operationName)>;
 
@@ -47,6 +49,8 @@ class ItemBinding : public QObject {
     void ShowAll();
     // Joins the focus of the other bindings of its window.
     void ShareFocus(SheetFocus& focus) { focus_ = &focus; }
+    // The owner's way with edits; without one an edit is plain core work.
+    void TakeEdits(EditCall edits) { edits_ = std::move(edits); }
 
   protected:
     // Brings the widget up to the item after a change of that sort; never echoes back.
@@ -65,6 +69,7 @@ class ItemBinding : public QObject {
     Item& item_;
     QWidget& widget_;
     CoreCall call_;
+    EditCall edits_;
     int token_;
     std::function<void()> gotFocus_;
     std::function<void()> lostFocus_;
@@ -102,6 +107,7 @@ class SheetBinder {
     const ItemRegistry& items_;
     EventLookup events_;
     CoreCall call_;
+    EditCall edits_;
     QWidget* owner_;
     SheetFocus focus_;
     std::vector<std::unique_ptr<ItemBinding>> bindings_;

@@ -3,6 +3,10 @@
 #include <QAction>
 #include <QApplication>
 #include <QKeySequence>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QAbstractSpinBox>
+#include <QTextEdit>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <algorithm>
@@ -147,6 +151,13 @@ std::vector<std::string> FormatCommands() {
     return names;
 }
 
+bool TakesText(const QWidget* widget) {
+    if (const auto* line = qobject_cast<const QLineEdit*>(widget)) return !line->isReadOnly();
+    if (const auto* text = qobject_cast<const QTextEdit*>(widget)) return !text->isReadOnly();
+    if (const auto* plain = qobject_cast<const QPlainTextEdit*>(widget)) return !plain->isReadOnly();
+    return qobject_cast<const QAbstractSpinBox*>(widget) != nullptr;
+}
+
 void BuildMenuBar(QMainWindow& window, const MenuSources& sources) {
     // The window's own command first, then the application's; null when neither has it.
     const auto handler = [own = dynamic_cast<CommandTarget*>(&window), app = sources.application](
@@ -184,9 +195,10 @@ void BuildMenuBar(QMainWindow& window, const MenuSources& sources) {
             if (name.rfind("Tab", 0) == 0) action->setCheckable(true);
             if (name == "FileQuit") action->setMenuRole(QAction::QuitRole);
             if (const char* slot = textSlot(name)) {
-                QObject::connect(action, &QAction::triggered, &window, [slot] {
-                    if (QWidget* focus = QApplication::focusWidget())
-                        QMetaObject::invokeMethod(focus, slot);
+                QObject::connect(action, &QAction::triggered, &window, [slot, own = handler(name)] {
+                    QWidget* focus = QApplication::focusWidget();
+                    if (own && !TakesText(focus)) own();
+                    else if (focus) QMetaObject::invokeMethod(focus, slot);
                 });
                 continue;
             }

@@ -40,6 +40,10 @@ struct MenuSources {
     std::function<void(const std::string& name)> chooseReference = {};
 };
 
+// Whether the widget is a field the user types into: there the Edit menu's text commands
+// act on the field, whatever the window makes of them elsewhere.
+bool TakesText(const QWidget* widget);
+
 // Gives `window` its menu bar; `window` answers first when it is a CommandTarget.
 void BuildMenuBar(QMainWindow& window, const MenuSources& sources);
 
