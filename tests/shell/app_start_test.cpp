@@ -117,6 +117,79 @@ TEST_F(AppStart, ThePlayersEventsReachTheSheet) {
     EXPECT_EQ(window_->windowTitle(), "Zephalon CC: Ann");
 }
 
+// Edit > Undo, away from a text field, takes back whole steps: a record with its row and
+// budget, a free point, typing with the recomputation at leaving the field, a type with the
+// choice list it filled; Redo does them again, and the saved mark follows.
+TEST_F(AppStart, UndoAndRedoTakeWholeStepsOfTheSheet) {
+    window_->show();
+    QApplication::setActiveWindow(window_.get());
+    QMenu* edit = window_->menuBar()->findChild<QMenu*>("EditMenu");
+    const auto undoCaption = [&] {
+        emit edit->aboutToShow();
+        return action("EditUndo")->text().toStdString();
+    };
+    const auto rows = [&] {
+        QApplication::processEvents();  // the list shows its rows once back in the event loop
+        return widget<QTreeWidget>("QualityListBox")->topLevelItemCount();
+    };
+    chooseType("Human", "Hero");
+    auto* strength = widget<QLineEdit>("StrengthField");
+    focus(strength, QEvent::FocusIn);
+    type(strength, "4");
+    focus(strength, QEvent::FocusOut);
+    press(widget<QLabel>("StrengthBonus"));
+    auto* types = widget<QComboBox>("QualityTypePopup");
+    press(types);
+    types->setCurrentIndex(0);
+    auto* qualities = widget<QComboBox>("QualityPopup");
+    press(qualities);
+    qualities->setCurrentIndex(0);
+    widget<QToolButton>("QualityUpDownArrows_Up")->click();
+    widget<QPushButton>("QualityRecordButton")->click();
+    ASSERT_EQ(rows(), 1);
+    const std::string spent = widget<QLineEdit>("QualityField")->text().toStdString();
+    const QString life = widget<QLineEdit>("LifePointsTotal")->text();
+
+    widget<QPushButton>("QualityRecordButton")->setFocus();
+    EXPECT_EQ(undoCaption(), "Undo Record Quality");
+    action("EditUndo")->trigger();
+    EXPECT_EQ(rows(), 0);
+    EXPECT_EQ(widget<QLineEdit>("QualityField")->text().toStdString(), "0/20");
+    action("EditUndo")->trigger();  // the arrow
+    action("EditUndo")->trigger();  // the quality chosen
+    action("EditUndo")->trigger();  // its type
+    EXPECT_EQ(undoCaption(), "Undo Place Free Point on Strength");
+    action("EditUndo")->trigger();
+    EXPECT_EQ(widget<QLabel>("StrengthBonus")->text(), "0");
+    EXPECT_EQ(sheet().physicalBonus, 3);
+    EXPECT_EQ(undoCaption(), "Undo Typing in Strength");
+    action("EditUndo")->trigger();
+    EXPECT_EQ(strength->text(), "");
+    EXPECT_EQ(widget<QLineEdit>("StrengthTotal")->text(), "0");
+    action("EditUndo")->trigger();  // the choice within the type
+    action("EditUndo")->trigger();
+    EXPECT_EQ(widget<QComboBox>("ChooseCharPopup")->count(), 0);
+    EXPECT_TRUE(sheet().savedChar);
+    EXPECT_EQ(undoCaption(), "&Undo");
+
+    widget<QPushButton>("QualityRecordButton")->setFocus();
+    for (int step = 0; step < 8; ++step) action("EditRedo")->trigger();
+    EXPECT_FALSE(sheet().savedChar);
+    EXPECT_EQ(widget<QComboBox>("ChooseCharPopup")->currentText(), "Hero");
+    EXPECT_EQ(widget<QLineEdit>("LifePointsTotal")->text(), life);
+    EXPECT_EQ(strength->text(), "4");
+    EXPECT_EQ(rows(), 1);
+    EXPECT_EQ(widget<QLineEdit>("QualityField")->text().toStdString(), spent);
+    // In a text field the commands are the field's own.
+    strength->setFocus();
+    type(strength, "1");
+    EXPECT_EQ(undoCaption(), "&Undo");
+    action("EditUndo")->trigger();
+    EXPECT_EQ(strength->text(), "4");
+    EXPECT_EQ(sheet().StrengthField.Text(), "4");
+    EXPECT_EQ(rows(), 1);
+}
+
 TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
     for (const Item* item : sheet().Items().All())
         EXPECT_NE(window_->findChild<QWidget*>(QString::fromStdString(item->Name())), nullptr)
