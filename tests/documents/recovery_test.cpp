@@ -45,6 +45,10 @@ TEST_F(RecoveryTest, WrittenWhileUnsavedAndGoneOnSaveAndOnClose) {
     EXPECT_TRUE(Event_CancelClose(*sheet) && Exists(copy));  // still open and unsaved
     platform.QueueAnswer("Don't Save");
     EXPECT_FALSE(Event_CancelClose(*sheet) || Exists(copy));
+    // A character that closed itself, unsaved as it may be, leaves nothing behind.
+    sheet->characterClosed = true;
+    UpdateRecoveryCopy(*sheet);
+    EXPECT_FALSE(Exists(copy));
 }
 
 TEST_F(RecoveryTest, OfferedOnlyWhenItsWriterIsGoneAndReopenedUnsavedAndBound) {

@@ -52,3 +52,7 @@ expect changed ListBox1.ListCount=0 ; ListBox1.ListIndex=-1 ; ListBox1.headings=
   PathText.visible=false ; CheckReport= ; CheckReport.visible=false
 sheet
 expect NameField 
+# The user guide, found where it was installed, opens in the browser without a word.
+sheet
+do App._HelpHelp_Action
+expect changed 
