@@ -1,0 +1,305 @@
+#include "tools/RuleDataDiff.h"
+
+#include <functional>
+#include <optional>
+#include <type_traits>
+#include <unordered_map>
+#include <utility>
+
+#include "documents/CharacterFile.h"
+#include "platform/ScriptedPlatform.h"
+#include "ruledata/DataModule.h"
+#include "ruledata/RuleData.h"
+#include "rules/Metaphysics.h"
+#include "rules/Qualities.h"
+#include "rules/SecondaryAttributes.h"
+#include "rules/Skills.h"
+#include "sheet/CharacterSheet.h"
+#include "sheet/ListColumns.h"
+#include "text/TextHelpers.h"
+
+namespace zeph {
+namespace {
+
+// The row readings run the entry operations by hand, so that choosing a name does not also
+// run them through the items' change operations.
+const OperationTable kNoOperations;
+// A level of absurd rule data (1e12) is not stepped to for ever.
+constexpr int kMostPresses = 1000;
+
+using Readings = std::vector<std::pair<std::string, std::string>>;
+
+// A sheet of its own over one rule data file, whose messages go nowhere.
+struct ScratchSheet {
+    ScratchSheet(DataModule& data, const OperationTable& operations)
+        : platform("", "", ""), sheet(data, platform, operations) {}
+    ScriptedPlatform platform;
+    CharacterSheet sheet;
+};
+
+// The type (or category) of each name of a section: the first that holds it, as the queries
+// by type and name find it.
+std::unordered_map<std::string, std::string> typesByName(const RuleData& rules,
+                                                         const std::string& typeQuery) {
+    std::unordered_map<std::string, std::string> types;
+    const XmlNodeList typeNodes = rules.Query(typeQuery);
+    for (int t = 0; t < typeNodes.Count(); ++t) {
+        const XmlNode type = typeNodes.Item(t);
+        const std::string value = type.Attribute("value");
+        for (int c = 0; c < type.ChildCount(); ++c)
+            if (type.Child(c).Name() == "name")
+                types.try_emplace(type.Child(c).Attribute("value"), value);
+    }
+    return types;
+}
+
+// Selects `name` in a choice list, as the user's choosing it from the list does.
+void choose(ComboItem& names, const std::string& name) {
+    names.DeleteAllRows();
+    names.AddRow(name);
+    names.SetText(name);
+}
+
+// Presses `up` until the level reaches `target`, or stops rising at a highest level.
+void stepTo(const TextItem& level, double target, const std::function<void()>& up) {
+    for (int press = 0; press < kMostPresses && Val(level.Text()) < target; ++press) {
+        const double before = Val(level.Text());
+        up();
+        if (!(Val(level.Text()) > before)) return;
+    }
+}
+
+// The bonuses a name gives, "key value" each, or "none".
+template <class Keys, class Values>
+void addBonuses(std::string& text, const Keys& keys, const Values& values) {
+    for (std::size_t k = 0; k < keys.size(); ++k) {
+        std::string value;
+        if constexpr (std::is_same_v<typename Values::value_type, std::string>)
+            value = values[k];
+        else
+            value = Str(static_cast<double>(values[k]));
+        if (value.empty() || value == "0") continue;
+        text += (text.empty() ? "" : ", ") + std::string(keys[k]) + " " + value;
+    }
+}
+
+std::string orNone(const std::string& text) { return text.empty() ? "none" : text; }
+
+// A row's name as its list knows it: a skill's choice in brackets and a specialty follow the
+// rule data's name.
+std::string skillBaseName(const std::string& name) {
+    std::string base = NthField(name, "(", 1);
+    while (!base.empty() && base.back() == ' ') base.pop_back();
+    return base;
+}
+
+// What each row of the three lists reads under one rule data file, worked out on a scratch
+// sheet with the lists' own operations.
+class RowReader {
+  public:
+    explicit RowReader(DataModule& data)
+        : scratch_(data, kNoOperations),
+          qualityTypes_(typesByName(*data.xdata, "//qualities/type")),
+          skillCategories_(typesByName(*data.xdata, "//skills/category")),
+          metaTypes_(typesByName(*data.xdata, "//metaphysics/type")) {}
+
+    std::optional<Readings> Quality(const std::string& name, double level) {
+        auto type = qualityTypes_.find(name);
+        if (type == qualityTypes_.end()) return std::nullopt;
+        CharacterSheet& s = scratch_.sheet;
+        for (TextItem* item : {&s.QualityCostPerLevelField, &s.QualityXPCostPerLevelField,
+                               &s.QualityMaxLevelField})
+            item->SetText("");
+        for (TextItem* item : {&s.QualityLevelField, &s.QualityCostField}) item->SetText("0");
+        s.QualityTypePopup.SetText(type->second);
+        choose(s.QualityPopup, name);
+        PopulateQualityInfo(s);
+        stepTo(s.QualityLevelField, level, [&] { QualityUpDownArrows_Up(s); });
+        std::string bonuses;
+        addBonuses(bonuses, kAttributeKeys, s.q_attributes);
+        addBonuses(bonuses, kQualityBonusPointKeys, s.q_bonuspts);
+        return Readings{{"price per level", s.QualityCostPerLevelField.Text()},
+                        {"XP price per level", s.QualityXPCostPerLevelField.Text()},
+                        {"cost", s.QualityCostField.Text()},
+                        {"bonuses", orNone(bonuses)}};
+    }
+
+    std::optional<Readings> Skill(const std::string& name, double level) {
+        const std::string base = skillBaseName(name);
+        auto category = skillCategories_.find(base);
+        if (category == skillCategories_.end()) return std::nullopt;
+        CharacterSheet& s = scratch_.sheet;
+        s.SkillCategoryPopup.SetText(category->second);
+        choose(s.SkillPopup, base);
+        PopulateSkillInfo(s);
+        stepTo(s.SkillLevelField, level, [&] { SkillUpDownArrows1_Up(s); });
+        return Readings{{"cost class", s.SkillTypeCombo.Text()},
+                        {"cost", s.SkillCostField.Text()}};
+    }
+
+    std::optional<Readings> Metaphysic(const std::string& name, double level) {
+        auto type = metaTypes_.find(name);
+        if (type == metaTypes_.end()) return std::nullopt;
+        CharacterSheet& s = scratch_.sheet;
+        for (TextItem* item :
+             {&s.MetaCostPerLevelField, &s.MetaXPCostPerLevelField, &s.MetaMaxLevelField})
+            item->SetText("");
+        for (TextItem* item : {&s.MetaLevelField, &s.MetaCostField}) item->SetText("0");
+        s.MetaTypePopup.SetText(type->second);
+        choose(s.MetaPopup, name);
+        PopulateMetaInfo(s);
+        stepTo(s.MetaLevelField, level, [&] { MetaUpDownArrows_Up(s); });
+        std::string bonuses;
+        addBonuses(bonuses, kMetaAttributeBonusKeys, s.m_attributes);
+        addBonuses(bonuses, kMetaPointBonusKeys, s.m_bonuspts);
+        return Readings{{"price per level", s.MetaCostPerLevelField.Text()},
+                        {"XP price per level", s.MetaXPCostPerLevelField.Text()},
+                        {"cost", s.MetaCostField.Text()},
+                        {"bonuses", orNone(bonuses)}};
+    }
+
+  private:
+    ScratchSheet scratch_;
+    std::unordered_map<std::string, std::string> qualityTypes_, skillCategories_, metaTypes_;
+};
+
+struct ListToRead {
+    const char* title;
+    ListItem CharacterSheet::*list;
+    std::optional<Readings> (RowReader::*read)(const std::string&, double);
+};
+const ListToRead kLists[] = {
+    {"Quality", &CharacterSheet::QualityListBox, &RowReader::Quality},
+    {"Skill", &CharacterSheet::SkillListBox, &RowReader::Skill},
+    {"Metaphysic", &CharacterSheet::MetaListBox, &RowReader::Metaphysic}};
+
+// The figures the recomputation gives, with the names the sheet shows them by.
+const std::pair<const char*, TextItem CharacterSheet::*> kFigures[] = {
+    {"Attribute points", &CharacterSheet::AttributeField},
+    {"Quality points", &CharacterSheet::QualityField},
+    {"Drawback points", &CharacterSheet::DrawbackField},
+    {"Skill points", &CharacterSheet::SkillField},
+    {"Metaphysics points", &CharacterSheet::MetaField},
+    {"Strength", &CharacterSheet::StrengthTotal},
+    {"Dexterity", &CharacterSheet::DexterityTotal},
+    {"Constitution", &CharacterSheet::ConstitutionTotal},
+    {"Intelligence", &CharacterSheet::IntelligenceTotal},
+    {"Perception", &CharacterSheet::PerceptionTotal},
+    {"Willpower", &CharacterSheet::WillpowerTotal},
+    {"Life Points", &CharacterSheet::LifePointsTotal},
+    {"Endurance", &CharacterSheet::EnduranceTotal},
+    {"Speed", &CharacterSheet::SpeedTotal},
+    {"Essence", &CharacterSheet::EssenceTotal},
+    {"Drama points", &CharacterSheet::DPField},
+    {"Pools", &CharacterSheet::ExtraStatsField}};
+
+std::optional<RowChange> compareRow(const std::string& title, const ListItem& list, int row,
+                                    RowReader& before, RowReader& after,
+                                    std::optional<Readings> (RowReader::*read)(const std::string&,
+                                                                               double)) {
+    const std::string& name = list.Cell(row, EntryColumn::Name);
+    if (name.empty() || name == "--") return std::nullopt;
+    const double level = Val(list.Cell(row, EntryColumn::Level));
+    const auto old = (before.*read)(name, level);
+    const auto now = (after.*read)(name, level);
+    RowChange change{title, name, list.Cell(row, EntryColumn::Level)};
+    if (!now) {
+        // A name that neither file holds is no change of the new file's.
+        if (!old) return std::nullopt;
+        change.gone = true;
+        return change;
+    }
+    for (std::size_t r = 0; r < now->size(); ++r) {
+        const std::string oldText = old ? (*old)[r].second : "";
+        if (oldText != (*now)[r].second)
+            change.readings.push_back({(*now)[r].first, oldText, (*now)[r].second});
+    }
+    if (change.readings.empty()) return std::nullopt;
+    return change;
+}
+
+std::string typeQuery(const CharacterSheet& sheet) {
+    return "//charactertype/type[@value='" + sheet.CharacterTypePopup.Text() + "']/name[@value='" +
+           sheet.ChooseCharPopup.Text() + "']";
+}
+
+std::string typeName(const CharacterSheet& sheet) {
+    return sheet.CharacterTypePopup.Text() + ": " + sheet.ChooseCharPopup.Text();
+}
+
+}  // namespace
+
+CharacterChanges DiffRuleData(const RuleData& character, DataModule& before, DataModule& after,
+                              const OperationTable& operations) {
+    ScratchSheet old(before, operations), now(after, operations);
+    FillCharSheet(old.sheet, character);
+    FillCharSheet(now.sheet, character);
+    CharacterChanges changes;
+    changes.character = old.sheet.NameField.Text();
+    if (!old.sheet.CharacterTypePopup.Text().empty() &&
+        before.xdata->Record(typeQuery(old.sheet)) && !after.xdata->Record(typeQuery(now.sheet)))
+        changes.lostType = typeName(old.sheet);
+
+    RowReader oldRows(before), newRows(after);
+    for (const ListToRead& kind : kLists) {
+        const ListItem& list = old.sheet.*kind.list;
+        for (int row = 0; row < list.ListCount(); ++row)
+            if (auto change = compareRow(kind.title, list, row, oldRows, newRows, kind.read))
+                changes.rows.push_back(std::move(*change));
+    }
+
+    FigureSecondaryAttributes(old.sheet);
+    FigureSecondaryAttributes(now.sheet);
+    for (const auto& [name, item] : kFigures)
+        if ((old.sheet.*item).Text() != (now.sheet.*item).Text())
+            changes.figures.push_back({name, (old.sheet.*item).Text(), (now.sheet.*item).Text()});
+    return changes;
+}
+
+std::string ForeignCharacterReason(const RuleData& character, const DataModule& rules) {
+    const auto root = character.Record("/character");
+    if (!root) return "it is not a character file";
+    const std::string warning = BookWarning(root->Attribute("books"), rules.zephalondata);
+    if (!warning.empty()) return warning;
+    const auto type = character.Record("/character/charactertype");
+    if (!type || type->Attribute("type").empty()) return "";
+    const std::string query = "//charactertype/type[@value='" + type->Attribute("type") +
+                              "']/name[@value='" + type->Attribute("choice") + "']";
+    if (rules.xdata->Record(query)) return "";
+    return "its character type " + type->Attribute("type") + ": " + type->Attribute("choice") +
+           " is not in the file";
+}
+
+std::string ChangesAsText(const CharacterChanges& changes) {
+    const auto line = [](const std::string& indent, const std::string& name,
+                         const std::string& before, const std::string& after) {
+        const auto pad = [](const std::string& text, std::size_t width) {
+            return text.size() < width ? text + std::string(width - text.size(), ' ') : text + " ";
+        };
+        // An empty reading shows as "-", so that the columns stay readable.
+        return indent + pad(name, 22) + pad(before.empty() ? "-" : before, 16) +
+               (after.empty() ? "-" : after) + "\n";
+    };
+    std::string text = "Character: " + (changes.character.empty() ? "(unnamed)" : changes.character) + "\n";
+    if (changes.Empty()) return text + "  Nothing reads differently under the new file.\n";
+    if (!changes.lostType.empty())
+        text += "  The character type " + changes.lostType + " is not in the new file.\n";
+    for (const RowChange& row : changes.rows) {
+        text += "  " + row.list + " \"" + row.name + "\", level " + row.level;
+        if (row.gone) {
+            text += ": not in the new file\n";
+            continue;
+        }
+        text += "\n" + line("    ", "", "Old", "New");
+        for (const ReadingChange& reading : row.readings)
+            text += line("    ", reading.name, reading.before, reading.after);
+    }
+    if (!changes.figures.empty()) {
+        text += "  Recomputed\n" + line("    ", "", "Old", "New");
+        for (const ReadingChange& figure : changes.figures)
+            text += line("    ", figure.name, figure.before, figure.after);
+    }
+    return text;
+}
+
+}  // namespace zeph
