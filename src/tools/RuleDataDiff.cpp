@@ -1,5 +1,6 @@
 #include "tools/RuleDataDiff.h"
 
+#include <algorithm>
 #include <functional>
 #include <optional>
 #include <type_traits>
@@ -26,6 +27,8 @@ namespace {
 const OperationTable kNoOperations;
 // A level of absurd rule data (1e12) is not stepped to for ever.
 constexpr int kMostPresses = 1000;
+// The names of readings and figures, the longest "Metaphysics points", fit in this.
+constexpr std::size_t kNameWidth = 18;
 
 using Readings = std::vector<std::pair<std::string, std::string>>;
 
@@ -202,7 +205,7 @@ std::optional<RowChange> compareRow(const std::string& title, const ListItem& li
     const double level = Val(list.Cell(row, EntryColumn::Level));
     const auto old = (before.*read)(name, level);
     const auto now = (after.*read)(name, level);
-    RowChange change{title, name, list.Cell(row, EntryColumn::Level)};
+    RowChange change{title, name, list.Cell(row, EntryColumn::Level), false, {}};
     if (!now) {
         // A name that neither file holds is no change of the new file's.
         if (!old) return std::nullopt;
@@ -225,6 +228,24 @@ std::string typeQuery(const CharacterSheet& sheet) {
 
 std::string typeName(const CharacterSheet& sheet) {
     return sheet.CharacterTypePopup.Text() + ": " + sheet.ChooseCharPopup.Text();
+}
+
+// A table of readings under a heading "Old New", the old ones in a column as wide as the
+// widest; an empty reading shows as "-".
+std::string readingsAsText(const std::vector<ReadingChange>& readings) {
+    const auto shown = [](const std::string& reading) { return reading.empty() ? "-" : reading; };
+    std::size_t width = 3;
+    for (const ReadingChange& reading : readings)
+        width = std::max(width, shown(reading.before).size());
+    const auto line = [&](const std::string& name, const std::string& before,
+                          const std::string& after) {
+        return "    " + name + std::string(kNameWidth - std::min(kNameWidth, name.size()) + 1, ' ') +
+               before + std::string(width - before.size() + 2, ' ') + after + "\n";
+    };
+    std::string text = line("", "Old", "New");
+    for (const ReadingChange& reading : readings)
+        text += line(reading.name, shown(reading.before), shown(reading.after));
+    return text;
 }
 
 }  // namespace
@@ -271,34 +292,16 @@ std::string ForeignCharacterReason(const RuleData& character, const DataModule& 
 }
 
 std::string ChangesAsText(const CharacterChanges& changes) {
-    const auto line = [](const std::string& indent, const std::string& name,
-                         const std::string& before, const std::string& after) {
-        const auto pad = [](const std::string& text, std::size_t width) {
-            return text.size() < width ? text + std::string(width - text.size(), ' ') : text + " ";
-        };
-        // An empty reading shows as "-", so that the columns stay readable.
-        return indent + pad(name, 22) + pad(before.empty() ? "-" : before, 16) +
-               (after.empty() ? "-" : after) + "\n";
-    };
-    std::string text = "Character: " + (changes.character.empty() ? "(unnamed)" : changes.character) + "\n";
+    std::string text = "Character: " +
+                       (changes.character.empty() ? "(unnamed)" : changes.character) + "\n";
     if (changes.Empty()) return text + "  Nothing reads differently under the new file.\n";
     if (!changes.lostType.empty())
         text += "  The character type " + changes.lostType + " is not in the new file.\n";
     for (const RowChange& row : changes.rows) {
         text += "  " + row.list + " \"" + row.name + "\", level " + row.level;
-        if (row.gone) {
-            text += ": not in the new file\n";
-            continue;
-        }
-        text += "\n" + line("    ", "", "Old", "New");
-        for (const ReadingChange& reading : row.readings)
-            text += line("    ", reading.name, reading.before, reading.after);
+        text += row.gone ? ": not in the new file\n" : "\n" + readingsAsText(row.readings);
     }
-    if (!changes.figures.empty()) {
-        text += "  Recomputed\n" + line("    ", "", "Old", "New");
-        for (const ReadingChange& figure : changes.figures)
-            text += line("    ", figure.name, figure.before, figure.after);
-    }
+    if (!changes.figures.empty()) text += "  Recomputed\n" + readingsAsText(changes.figures);
     return text;
 }
 
