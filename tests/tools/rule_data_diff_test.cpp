@@ -89,7 +89,7 @@ TEST_F(DataSwitchReport, TellsWhatTheOpenCharacterWouldReadAndChangesNothing) {
     // The rows read as from the file; the budgets the sheet holds stand under the new file,
     // which has no budgets of its type to give.
     const std::string file = text(kFolder + "expected.txt");
-    const auto rows = [](const std::string& report) { return report.substr(0, report.find("  Recomputed")); };
+    const auto rows = [](const std::string& all) { return all.substr(0, all.find("  Recomputed")); };
     EXPECT_EQ(rows(*report), rows(file));
     EXPECT_NE(report->find("    Life Points        40   6\n"), std::string::npos);
     EXPECT_EQ(ChangedEntries(before, TakeSnapshot(sheet->Items(), &sheet->Properties())),
