@@ -4,7 +4,6 @@
 #include <functional>
 #include <optional>
 #include <type_traits>
-#include <unordered_map>
 #include <utility>
 
 #include "documents/CharacterFile.h"
@@ -40,20 +39,15 @@ struct ScratchSheet {
     CharacterSheet sheet;
 };
 
-// The type (or category) of each name of a section: the first that holds it, as the queries
-// by type and name find it.
-std::unordered_map<std::string, std::string> typesByName(const RuleData& rules,
-                                                         const std::string& typeQuery) {
-    std::unordered_map<std::string, std::string> types;
-    const XmlNodeList typeNodes = rules.Query(typeQuery);
-    for (int t = 0; t < typeNodes.Count(); ++t) {
-        const XmlNode type = typeNodes.Item(t);
-        const std::string value = type.Attribute("value");
-        for (int c = 0; c < type.ChildCount(); ++c)
-            if (type.Child(c).Name() == "name")
-                types.try_emplace(type.Child(c).Attribute("value"), value);
-    }
-    return types;
+// The type (or category) that holds a name under a section's type query: the first one, as
+// the queries by type and name find it; nullopt when the file does not hold the name.
+std::optional<std::string> typeOf(const RuleData& rules, const std::string& typeQuery,
+                                  const std::string& name) {
+    // Names with both kinds of quote cannot be asked for; the rules' own queries cannot either.
+    const char quote = name.find('\'') == std::string::npos ? '\'' : '"';
+    const auto found = rules.Record(typeQuery + "/name[@value=" + quote + name + quote + "]");
+    if (!found) return std::nullopt;
+    return found->Parent().Attribute("value");
 }
 
 // Selects `name` in a choice list, as the user's choosing it from the list does.
@@ -101,20 +95,17 @@ std::string skillBaseName(const std::string& name) {
 class RowReader {
   public:
     explicit RowReader(DataModule& data)
-        : scratch_(data, kNoOperations),
-          qualityTypes_(typesByName(*data.xdata, "//qualities/type")),
-          skillCategories_(typesByName(*data.xdata, "//skills/category")),
-          metaTypes_(typesByName(*data.xdata, "//metaphysics/type")) {}
+        : scratch_(data, kNoOperations), rules_(*data.xdata) {}
 
     std::optional<Readings> Quality(const std::string& name, double level) {
-        auto type = qualityTypes_.find(name);
-        if (type == qualityTypes_.end()) return std::nullopt;
+        const auto type = typeOf(rules_, "//qualities/type", name);
+        if (!type) return std::nullopt;
         CharacterSheet& s = scratch_.sheet;
         for (TextItem* item : {&s.QualityCostPerLevelField, &s.QualityXPCostPerLevelField,
                                &s.QualityMaxLevelField})
             item->SetText("");
         for (TextItem* item : {&s.QualityLevelField, &s.QualityCostField}) item->SetText("0");
-        s.QualityTypePopup.SetText(type->second);
+        s.QualityTypePopup.SetText(*type);
         choose(s.QualityPopup, name);
         PopulateQualityInfo(s);
         stepTo(s.QualityLevelField, level, [&] { QualityUpDownArrows_Up(s); });
@@ -129,10 +120,10 @@ class RowReader {
 
     std::optional<Readings> Skill(const std::string& name, double level) {
         const std::string base = skillBaseName(name);
-        auto category = skillCategories_.find(base);
-        if (category == skillCategories_.end()) return std::nullopt;
+        const auto category = typeOf(rules_, "//skills/category", base);
+        if (!category) return std::nullopt;
         CharacterSheet& s = scratch_.sheet;
-        s.SkillCategoryPopup.SetText(category->second);
+        s.SkillCategoryPopup.SetText(*category);
         choose(s.SkillPopup, base);
         PopulateSkillInfo(s);
         stepTo(s.SkillLevelField, level, [&] { SkillUpDownArrows1_Up(s); });
@@ -141,14 +132,14 @@ class RowReader {
     }
 
     std::optional<Readings> Metaphysic(const std::string& name, double level) {
-        auto type = metaTypes_.find(name);
-        if (type == metaTypes_.end()) return std::nullopt;
+        const auto type = typeOf(rules_, "//metaphysics/type", name);
+        if (!type) return std::nullopt;
         CharacterSheet& s = scratch_.sheet;
         for (TextItem* item :
              {&s.MetaCostPerLevelField, &s.MetaXPCostPerLevelField, &s.MetaMaxLevelField})
             item->SetText("");
         for (TextItem* item : {&s.MetaLevelField, &s.MetaCostField}) item->SetText("0");
-        s.MetaTypePopup.SetText(type->second);
+        s.MetaTypePopup.SetText(*type);
         choose(s.MetaPopup, name);
         PopulateMetaInfo(s);
         stepTo(s.MetaLevelField, level, [&] { MetaUpDownArrows_Up(s); });
@@ -163,7 +154,7 @@ class RowReader {
 
   private:
     ScratchSheet scratch_;
-    std::unordered_map<std::string, std::string> qualityTypes_, skillCategories_, metaTypes_;
+    const RuleData& rules_;
 };
 
 struct ListToRead {
