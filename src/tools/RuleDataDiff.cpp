@@ -69,14 +69,15 @@ void stepTo(const TextItem& level, double target, const std::function<void()>& u
 // The bonuses a name gives, "key value" each, or "none".
 template <class Keys, class Values>
 void addBonuses(std::string& text, const Keys& keys, const Values& values) {
-    for (std::size_t k = 0; k < keys.size(); ++k) {
+    auto given = values.begin();
+    for (const char* key : keys) {
         std::string value;
         if constexpr (std::is_same_v<typename Values::value_type, std::string>)
-            value = values[k];
+            value = *given++;
         else
-            value = Str(static_cast<double>(values[k]));
+            value = Str(static_cast<double>(*given++));
         if (value.empty() || value == "0") continue;
-        text += (text.empty() ? "" : ", ") + std::string(keys[k]) + " " + value;
+        text += (text.empty() ? "" : ", ") + std::string(key) + " " + value;
     }
 }
 

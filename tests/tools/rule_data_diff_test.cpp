@@ -1,6 +1,7 @@
 // The data report over tests/data/diffdata: old.xml, and new.xml with a dearer quality, a
-// quality gone, a skill of another cost class, a metaphysic's bonus and the character type
-// renamed. The console's text itself is pinned by the diff_data.report test.
+// quality gone, a skill of another cost class (one row at a runaway level, stepped no further
+// than the bound), the bonus of a metaphysic whose name holds an apostrophe, and the character
+// type renamed. The console's text itself is pinned by the diff_data.report test.
 #include <gtest/gtest.h>
 
 #include <sstream>
