@@ -17,6 +17,7 @@
 #include "platform/ScriptedPlatform.h"
 #include "ruledata/DataModule.h"
 #include "sheet/CharacterSheet.h"
+#include "tools/RuleDataDiff.h"
 
 namespace zeph::bench {
 namespace {
@@ -129,7 +130,35 @@ void StartWithNothingToRecover(benchmark::State& state) {
     std::filesystem::remove_all(folder);
 }
 
+// The large file with every tenth creation cost one dearer.
+std::string LargeRuleDataWithDearerCosts() {
+    const std::string path = LargeRuleDataPath() + ".dearer.xml";
+    if (IsExistingFile(path)) return path;
+    std::string text = ReadWholeFile(LargeRuleDataPath()).value_or("");
+    const std::string key = " creationcost=\"";
+    int seen = 0;
+    for (auto at = text.find(key); at != std::string::npos; at = text.find(key, at + 1))
+        if (seen++ % 10 == 0) text.insert(at + key.size(), "1");
+    WriteFileAtomically(path, text);
+    return path;
+}
+
+// The report of what the dearer file would change on the big character, as Load Data shows it
+// before switching.
+void DiffData(benchmark::State& state) {
+    BigCharacter character;
+    DataModule dearer;
+    dearer.xdata = RuleData::LoadFile(LargeRuleDataWithDearerCosts());
+    const auto document = RuleData::LoadText(CharacterFileText(character.sheet));
+    std::size_t rows = 0;
+    for (auto _ : state)
+        rows = DiffRuleData(*document, character.data, dearer, SheetOperations()).rows.size();
+    if (rows == 0) state.SkipWithError("no row reads differently");
+    state.counters["rows"] = static_cast<double>(rows);
+}
+
 BENCHMARK(SaveOpen)->Name("SaveOpen/large")->Unit(benchmark::kMillisecond);
+BENCHMARK(DiffData)->Name("DiffData/large")->Unit(benchmark::kMillisecond);
 BENCHMARK(ExportHtml)->Name("ExportHtml/large")->Unit(benchmark::kMillisecond);
 BENCHMARK(Autosave)->Name("Autosave/large")->Unit(benchmark::kMillisecond);
 BENCHMARK(StartWithNothingToRecover)

@@ -1,12 +1,17 @@
 #include "app/App.h"
 
 #include <filesystem>
+#include <utility>
 
+#include "app/SheetOperations.h"
+#include "documents/CharacterFile.h"
 #include "platform/Files.h"
 #include "platform/Platform.h"
 #include "platform/ShippedFiles.h"
 #include "ruledata/DataModule.h"
 #include "ruledata/RuleData.h"
+#include "sheet/CharacterSheet.h"
+#include "tools/RuleDataDiff.h"
 
 namespace zeph {
 namespace {
@@ -101,6 +106,27 @@ bool App::LoadDataFile(const std::string& path) {
         return false;
     }
     return true;
+}
+
+}  // namespace zeph
+
+namespace zeph {
+
+std::optional<std::string> App::DataSwitchReport(const std::vector<CharacterSheet*>& sheets,
+                                                 const std::string& path) {
+    DataModule after;
+    if (!App(after, platform_).LoadDataFile(path)) return std::nullopt;
+    std::string report;
+    for (CharacterSheet* sheet : sheets) {
+        // The sheet as it stands: a save's copying of an open journal window is left out, so
+        // that the report changes nothing.
+        const bool journalOpen = std::exchange(sheet->journalWindowIsOpen, false);
+        const std::string text = SaveXMLChar(*sheet).Serialise();
+        sheet->journalWindowIsOpen = journalOpen;
+        const auto character = RuleData::LoadText(text);
+        report += ChangesAsText(DiffRuleData(*character, data_, after, SheetOperations()));
+    }
+    return report;
 }
 
 }  // namespace zeph

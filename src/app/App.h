@@ -2,10 +2,13 @@
 // preferences or by asking the user, and loading it into the shared document.
 #pragma once
 
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace zeph {
 
+class CharacterSheet;
 class DataModule;
 class Platform;
 
@@ -23,6 +26,10 @@ public:
     // Shows the failure report and returns false when the file is not XML.
     bool LoadDataFile(const std::string& path);
 
+    // What loading the file at `path` would change on each sheet, one block a character, the
+    // sheets left as they are; nullopt when the file cannot be read, its failure shown.
+    std::optional<std::string> DataSwitchReport(const std::vector<CharacterSheet*>& sheets,
+                                                const std::string& path);
     // Shows Documentation/index.html beside the application in the browser; asks where the
     // folder is when it is not there.
     void HelpHelp_Action();

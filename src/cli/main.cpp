@@ -1,6 +1,7 @@
 // zephalon-cli: the console. `zephalon-cli script [--prefs DIR] FILE` runs a script against
 // one character sheet (FILE "-" reads standard input); `zephalon-cli export ...` writes an
 // export of a character file; `zephalon-cli lint RULES` checks a rule data file;
+// `zephalon-cli diff-data OLD NEW CHARACTER` tells what a new rule data file would change;
 // `zephalon-cli help` lists these and the script commands.
 #include <cstdlib>
 #include <filesystem>
@@ -9,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/DiffDataCommand.h"
 #include "cli/ExportCommand.h"
 #include "cli/LintCommand.h"
 #include "cli/ScriptRunner.h"
@@ -25,6 +27,9 @@ void printUsage(std::ostream& out) {
            "usage: zephalon-cli lint RULES [--format text|json]\n"
            "  Names each mistake of a rule data file with its line; exit status 0 clean,\n"
            "  1 with warnings, 2 with errors.\n"
+           "usage: zephalon-cli diff-data OLD.xml NEW.xml CHARACTER.xml\n"
+           "  Tells what loading NEW in place of OLD would change on CHARACTER, old and new\n"
+           "  side by side; exit status 0 nothing, 1 something, 2 a file that cannot be used.\n"
            "usage: zephalon-cli help\n"
            "  Shows this text.\n";
     zeph::ScriptRunner::PrintCommands(out);
@@ -59,6 +64,9 @@ int main(int argc, char** argv) {
     if (argc >= 2 && std::string(argv[1]) == "lint")
         return zeph::RunLintCommand(std::vector<std::string>(argv + 2, argv + argc), std::cout,
                                     std::cerr);
+    if (argc >= 2 && std::string(argv[1]) == "diff-data")
+        return zeph::RunDiffDataCommand(std::vector<std::string>(argv + 2, argv + argc),
+                                        std::cout, std::cerr);
     if (argc == 2 && std::string(argv[1]) == "help") {
         printUsage(std::cout);
         return 0;

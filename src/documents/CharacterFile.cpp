@@ -387,8 +387,13 @@ void LoadXMLCharSheet(CharacterSheet& sheet, const std::string& path) {
         return closeCharacter(sheet);
     }
     sheet.fileSaveString = AbsolutePath(*file);
+    // A damaged file leaves the notice up.
+    if (FillCharSheet(sheet, *document)) platform.CloseNotice(notice);
+}
 
-    const Reader in(*document);
+bool FillCharSheet(CharacterSheet& sheet, const RuleData& document) {
+    Platform& platform = sheet.Host();
+    const Reader in(document);
     try {
         if (const auto character = in.First("character")) {
             const std::string warning =
@@ -400,10 +405,11 @@ void LoadXMLCharSheet(CharacterSheet& sheet, const std::string& path) {
     } catch (const QuitRequest&) {
         throw;
     } catch (const std::exception&) {
-        // What the reading trips over in a damaged file; the notice stays up on this path too.
+        // What the reading trips over in a damaged file.
         sheet.loadingCharFile = false;
         platform.MsgBox(kIllegalCharactersMessage);
-        return closeCharacter(sheet);
+        closeCharacter(sheet);
+        return false;
     }
     sheet.loadingCharFile = false;
     sheet.savedChar = true;
@@ -412,7 +418,7 @@ void LoadXMLCharSheet(CharacterSheet& sheet, const std::string& path) {
     ShowBonus(sheet);
     // What could be taken back belonged to the sheet before the file.
     sheet.history.Clear();
-    platform.CloseNotice(notice);
+    return true;
 }
 
 XmlDocument SaveXMLChar(CharacterSheet& sheet) {

@@ -12,6 +12,7 @@
 namespace zeph {
 
 class CharacterSheet;
+class RuleData;
 
 // The sheet as a character document. Changes nothing on the sheet, except that an open
 // journal window's text is first copied into the sheet's journal.
@@ -21,6 +22,9 @@ XmlDocument SaveXMLChar(CharacterSheet& sheet);
 // character (`characterClosed`).
 void LoadXMLCharSheet(CharacterSheet& sheet, const std::string& path);
 
+// Fills a new, empty sheet from a character document already read (a file, or a sheet's own
+// document); false when the document is damaged, the character then closed.
+bool FillCharSheet(CharacterSheet& sheet, const RuleData& document);
 // The warning of a character whose books the loaded rule data does not all cover, or "" when
 // the counts agree.
 std::string BookWarning(const std::string& characterBooks, const std::string& loadedBooks);

@@ -42,6 +42,8 @@ XmlNode XmlNode::Child(int index) const {
     return XmlNode(child);
 }
 
+XmlNode XmlNode::Parent() const { return XmlNode(node_ ? node_->parent : nullptr); }
+
 std::string XmlNode::Name() const {
     if (node_ == nullptr || node_->name == nullptr) return "";
     return reinterpret_cast<const char*>(node_->name);

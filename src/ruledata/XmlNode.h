@@ -21,6 +21,8 @@ public:
     int ChildCount() const;
     XmlNode Child(int index) const;
     std::string Name() const;
+    // The element that holds this one; a null node at the top.
+    XmlNode Parent() const;
     xmlNode* raw() const { return node_; }
 
 private:

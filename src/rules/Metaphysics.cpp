@@ -14,16 +14,7 @@
 namespace zeph {
 namespace {
 
-// The attribute bonuses of m_attributes (columns 11 to 18) and the point bonuses of
-// m_bonuspts (columns 19 to 24), as the rule data names them.
 const char* const kTypeQuery = "//metaphysics/type";
-const char* const kAttributeBonusKeys[] = {"strength",        "dexterity",        "constitution",
-                                           "intelligence",    "perception",       "willpower",
-                                           "mentalattrbonus", "physicalattrbonus"};
-const char* const kPointBonusKeys[] = {"bonuslifepts", "bonusendurance", "bonusessence",
-                                       "bonusspeed",   "bonustaintpool", "bonusmadnesspool"};
-constexpr int kAttributeBonusCount = 8;
-constexpr int kPointBonusCount = 6;
 // A press steps through a lowest level one level at a time, but through no more levels than
 // this: a lowest level from absurd rule data (1e12) would keep the press busy for ever.
 constexpr std::int64_t kMostLevelsInOnePress = 1000;
@@ -40,11 +31,11 @@ EntryList metaEntry(CharacterSheet& s) {
 }
 
 std::span<std::int64_t> attributeBonuses(CharacterSheet& sheet) {
-    return std::span(sheet.m_attributes).first(kAttributeBonusCount);
+    return std::span(sheet.m_attributes).first(kMetaAttributeBonusKeys.size());
 }
 
 std::span<std::string> pointBonuses(CharacterSheet& sheet) {
-    return std::span(sheet.m_bonuspts).first(kPointBonusCount);
+    return std::span(sheet.m_bonuspts).first(kMetaPointBonusKeys.size());
 }
 
 // The name stands between double quotes, since a metaphysic's name may hold an apostrophe.
@@ -170,8 +161,8 @@ void PopulateMetaInfo(CharacterSheet& sheet) {
         TakeLeaf(rules, path + "/pagereference", sheet.MetaReferenceField);
         TakeLeaf(rules, path + "/metaprerequisite", sheet.MetaPrerequisiteField);
         TakeLeaf(rules, path + "/notes", sheet.MetaNoteField);
-        ReadBonuses(rules, path + "/bonusattr", kAttributeBonusKeys, attributeBonuses(sheet));
-        ReadBonuses(rules, path + "/bonuspts", kPointBonusKeys, pointBonuses(sheet));
+        ReadBonuses(rules, path + "/bonusattr", kMetaAttributeBonusKeys, attributeBonuses(sheet));
+        ReadBonuses(rules, path + "/bonuspts", kMetaPointBonusKeys, pointBonuses(sheet));
         sheet.m_altform = rules.Leaf(path + "/altform").value_or("");
     });
 }

@@ -4,6 +4,7 @@
 // big list has, EntryLists.h); and the sum of their bonuses.
 #pragma once
 
+#include <array>
 #include <string>
 
 #include "sheet/Operations.h"
@@ -11,6 +12,15 @@
 namespace zeph {
 
 class CharacterSheet;
+
+// The attribute bonuses of m_attributes (columns 11 to 18) and the point bonuses of m_bonuspts
+// (columns 19 to 24), as the rule data names them.
+inline constexpr std::array<const char*, 8> kMetaAttributeBonusKeys = {
+    "strength",   "dexterity", "constitution",    "intelligence",
+    "perception", "willpower", "mentalattrbonus", "physicalattrbonus"};
+inline constexpr std::array<const char*, 6> kMetaPointBonusKeys = {
+    "bonuslifepts", "bonusendurance", "bonusessence", "bonusspeed", "bonustaintpool",
+    "bonusmadnesspool"};
 
 void LoadMetaTypes(CharacterSheet& sheet);
 void MetaTypePopup_Change(CharacterSheet& sheet);

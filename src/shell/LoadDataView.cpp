@@ -2,6 +2,9 @@
 // it, the path of the chosen one, and the buttons; Check opens the findings of the chosen file.
 #include <QApplication>
 #include <QClipboard>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -12,6 +15,7 @@
 #include <QVBoxLayout>
 
 #include "app/App.h"
+#include "shell/CharWindow.h"
 #include "shell/ToolView.h"
 #include "tools/DataFileManager.h"
 
@@ -61,7 +65,58 @@ void showCheckWindow(const LoadDataWindow& model, QWidget& parent) {
     ShowInFront(*window);
 }
 
+// The sheets of the character windows open now.
+std::vector<CharacterSheet*> openSheets() {
+    std::vector<CharacterSheet*> sheets;
+    for (QWidget* widget : QApplication::topLevelWidgets())
+        if (auto* window = dynamic_cast<CharWindow*>(widget); window && window->isVisible())
+            sheets.push_back(&window->Sheet());
+    return sheets;
+}
+
+// With characters open, the switch waits for the user to read what it would change on them;
+// with none, it goes ahead as ever. A file that cannot be read has had its failure shown and
+// keeps the file in use.
+bool confirmSwitch(App& app, QWidget& parent, const std::string& path) {
+    const std::vector<CharacterSheet*> sheets = openSheets();
+    if (sheets.empty()) return true;
+    const std::optional<std::string> report = app.DataSwitchReport(sheets, path);
+    if (!report) return false;
+    QDialog* dialog = MakeDataSwitchDialog(*report, &parent);
+    const bool accepted = dialog->exec() == QDialog::Accepted;
+    dialog->deleteLater();
+    return accepted;
+}
+
 }  // namespace
+
+QDialog* MakeDataSwitchDialog(const std::string& report, QWidget* parent) {
+    auto* dialog = new QDialog(parent);
+    dialog->setWindowTitle("What the New Data File Would Change");
+    auto* intro = new QLabel(
+        "Nothing on a sheet changes until you record again. Recording each row afresh and "
+        "recomputing under the new file would give:");
+    intro->setWordWrap(true);
+    auto* text = new QPlainTextEdit(q(report));
+    text->setObjectName("DataSwitchReport");
+    text->setAccessibleName("What would change");
+    text->setReadOnly(true);
+    text->setLineWrapMode(QPlainTextEdit::NoWrap);
+    text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    auto* buttons = new QDialogButtonBox;
+    QPushButton* load = buttons->addButton("Load", QDialogButtonBox::AcceptRole);
+    load->setObjectName("DataSwitchLoadButton");
+    load->setDefault(true);
+    buttons->addButton(QDialogButtonBox::Cancel)->setObjectName("DataSwitchCancelButton");
+    QObject::connect(buttons, &QDialogButtonBox::accepted, dialog, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
+    auto* layout = new QVBoxLayout(dialog);
+    layout->addWidget(intro);
+    layout->addWidget(text, 1);
+    layout->addWidget(buttons);
+    dialog->resize(640, 420);
+    return dialog;
+}
 
 ToolView* ShowLoadDataView(DataModule& data, Platform& platform, App& app,
                            const MenuSources& menus) {
@@ -70,6 +125,8 @@ ToolView* ShowLoadDataView(DataModule& data, Platform& platform, App& app,
             data, platform, [&app](const std::string& path) { return app.LoadDataFile(path); }),
         menus);
     auto& model = static_cast<LoadDataWindow&>(view->Model());
+    model.SetConfirmSwitch(
+        [&app, view](const std::string& path) { return confirmSwitch(app, *view, path); });
     auto* list = static_cast<QTreeWidget*>(view->Bind("ListBox1"));
     list->setSelectionMode(QAbstractItemView::SingleSelection);
     QObject::connect(list->model(), &QAbstractItemModel::rowsInserted, list,

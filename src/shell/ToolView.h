@@ -9,6 +9,7 @@
 
 #include "shell/Menus.h"
 
+class QDialog;
 class QLayout;
 class QPushButton;
 
@@ -57,6 +58,9 @@ ToolView* ShowDiceView(RandomSource& random, const MenuSources& menus);
 ToolView* ShowReferenceView(std::unique_ptr<ReferenceWindow> table, const MenuSources& menus);
 ToolView* ShowLoadDataView(DataModule& data, Platform& platform, App& app,
                            const MenuSources& menus);
+// The report of what a new rule data file would change on the open characters, asked before
+// Load Data switches: accepted loads the file, rejected keeps the one in use.
+QDialog* MakeDataSwitchDialog(const std::string& report, QWidget* parent);
 ToolView* ShowAboutView(const DataModule& data, const MenuSources& menus);
 ToolView* ShowCheckUpdatesView(Platform& platform, const std::string& webHost,
                                const MenuSources& menus);

@@ -152,6 +152,7 @@ void LoadDataWindow::LoadButton_Action() {
         ListBox1.RemoveRow(row);
         return;
     }
+    if (confirm_ && !confirm_(AbsolutePath(path))) return;
     data_.datafilepath = AbsolutePath(path);
     // A file that fails leaves the window open, the rule data replaced by then.
     if (load_(data_.datafilepath)) Close();

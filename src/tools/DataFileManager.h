@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tools/RuleDataLint.h"
@@ -22,6 +23,10 @@ class LoadDataWindow : public ToolModel {
     // when it failed, its report shown.
     using LoadDataFile = std::function<bool(const std::string& path)>;
 
+    // Asked before a file replaces the one in use, with its path: false keeps the file in use
+    // and the window open.
+    using ConfirmSwitch = std::function<bool(const std::string& path)>;
+
     // Opens with the list filled from the preferences file.
     LoadDataWindow(DataModule& data, Platform& platform, LoadDataFile load);
 
@@ -33,6 +38,7 @@ class LoadDataWindow : public ToolModel {
     void AddfromFolderButton_Action();
     void FindFiles(const std::string& folder);
     void LoadButton_Action();
+    void SetConfirmSwitch(ConfirmSwitch confirm) { confirm_ = std::move(confirm); }
     // Lints the selected row's file: its findings go to CheckedFindings and CheckReport.
     void CheckButton_Action();
 
@@ -59,6 +65,7 @@ class LoadDataWindow : public ToolModel {
     DataModule& data_;
     Platform& platform_;
     LoadDataFile load_;
+    ConfirmSwitch confirm_;
     std::vector<LintFinding> checked_;
     std::map<std::string, int> lintStatus_;  // by path: 0 clean, 1 warnings, 2 errors
 };

@@ -69,6 +69,13 @@ TEST(LoadDataWindow, ListsRemovesAndLoadsTheKnownFiles) {
     EXPECT_EQ(window->ListBox1.ListCount(), 2);
     window->ListBox1_KeyDown("16");
     window->ListBox1.SetListIndex(0);
+    // Declining the switch (the report of what it would change) keeps the file in use.
+    std::string asked;
+    window->SetConfirmSwitch([&](const std::string& path) { return asked = path, false; });
+    window->LoadButton_Action();
+    EXPECT_EQ(asked + " " + m.data.datafilepath, one + " " + two);
+    EXPECT_FALSE(window->Closed());
+    window->SetConfirmSwitch([](const std::string&) { return true; });
     window->LoadButton_Action();
     EXPECT_TRUE(window->Closed());
     EXPECT_EQ(m.data.datafilepath + " " + m.data.referenceTables.at(0), one + " T 1");
