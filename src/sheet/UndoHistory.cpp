@@ -12,7 +12,7 @@ struct UndoHistory::Step {
     std::vector<std::pair<Item*, std::unique_ptr<Item::Kept>>> items;
     SheetWorkingState state;
     // A step that left the saved mark on (a row chosen) does not move it when taken back.
-    bool keptSaved = false;
+    bool keptSaved;
 };
 
 UndoHistory::UndoHistory(ItemRegistry& items, SheetWorkingState& state, bool& savedChar)
@@ -33,8 +33,7 @@ void UndoHistory::Begin(const std::string& name, const std::string& typingInto) 
         done_.pop_back();
         return;
     }
-    open_ = std::make_unique<Step>(Step{name, typingInto, {}, state_});
-    open_->keptSaved = savedChar_;
+    open_ = std::make_unique<Step>(Step{name, typingInto, {}, state_, savedChar_});
 }
 
 void UndoHistory::End() {

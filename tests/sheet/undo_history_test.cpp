@@ -1,6 +1,8 @@
 // The limits of the undo history: how deep it goes, what a step is made of, and that taking
 // back one step leaves the others' rows as they were.
+#include <functional>
 #include <stdexcept>
+#include <vector>
 
 #include "app/SheetSteps.h"
 #include "support/SheetFixture.h"
@@ -63,4 +65,58 @@ TEST_F(UndoHistoryTest, RowsSharedWithEarlierStepsStayAsThoseStepsLeftThem) {
     sheet->history.Redo();
     sheet->history.Redo();
     EXPECT_EQ(rows(), "Riding:3b Sailing: Climbing:* ");
+}
+
+// Every change of every kind of item tells the history first, so one step of any change is
+// undone to exactly what the item held.
+TEST_F(UndoHistoryTest, EveryChangeOfEveryItemIsTakenBack) {
+    ListItem& list = sheet->QualityListBox;
+    list.AddRow("Brawny");
+    TextItem& notes = sheet->NotesField;
+    notes.SetText("Keeps a diary");
+    ComboItem& choice = sheet->QualityPopup;
+    choice.AddRow("Brawny");
+    const auto held = [&] {
+        std::string all = notes.Text() + "/" + std::to_string(notes.SelStart()) + "," +
+                          std::to_string(notes.SelLength()) + "/" + choice.Text() + ":" +
+                          std::to_string(choice.ListCount()) + "/" + (sheet->CharacterInPlayBox.Value() ? "in" : "out") +
+                          "/" + std::to_string(list.ColumnCount()) + list.Heading(0) +
+                          list.ColumnWidths() + std::to_string(list.ShownColumns()) +
+                          (list.ColumnCentred(1) ? "c" : "") + (list.Visible() ? "v" : "") +
+                          (list.Enabled() ? "e" : "");
+        for (int r = 0; r < list.ListCount(); ++r)
+            all += "|" + list.Cell(r, 0) + (list.Selected(r) ? "*" : "") +
+                   (list.CellBold(r, 0) ? "b" : "");
+        return all;
+    };
+    const std::vector<std::function<void()>> changes = {
+        [&] { list.SetColumnCount(3); },       [&] { list.SetHeading(0, "Name"); },
+        [&] { list.SetColumnWidths("50%"); },  [&] { list.SetColumnCentred(1, true); },
+        [&] { list.SetShownColumns(2); },      [&] { list.SetVisible(false); },
+        [&] { list.SetEnabled(false); },       [&] { list.SetSelected(0, true); },
+        [&] { list.SetListIndex(0); },         [&] { list.SetCellBold(0, 0, true); },
+        [&] { list.InsertRow(0, "Wiry"); },    [&] { list.DeleteAllRows(); },
+        [&] { notes.AppendStyled(StyledText{{StyleRun{" daily"}}}); },
+        [&] { notes.SetSelection(2, 3); },     [&] { notes.ReplaceSelection("X"); },
+        [&] { choice.SetListIndex(0); },       [&] { choice.AddRow("Wiry"); },
+        [&] { choice.DeleteAllRows(); },       [&] { sheet->CharacterInPlayBox.SetValue(true); },
+    };
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        const std::string before = held();
+        RunStep(*sheet, "Change", changes[i]);
+        ASSERT_NE(held(), before) << "change " << i << " changes nothing";
+        sheet->history.Undo();
+        EXPECT_EQ(held(), before) << "change " << i;
+    }
+    EXPECT_THROW(choice.SetListIndex(-2), std::out_of_range);
+}
+
+// Saved after a step and undone at once, the sheet is no longer what the file holds.
+TEST_F(UndoHistoryTest, TheSavedMarkFollowsASaveMadeBetweenSteps) {
+    RunStep(*sheet, "Hair", [&] { sheet->HairField.SetText("red"); });
+    sheet->savedChar = true;  // saved here
+    sheet->history.Undo();
+    EXPECT_FALSE(sheet->savedChar);
+    sheet->history.Redo();
+    EXPECT_TRUE(sheet->savedChar);
 }
