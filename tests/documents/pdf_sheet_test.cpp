@@ -1,0 +1,126 @@
+#include "documents/PdfSheet.h"
+
+#include <sys/stat.h>
+
+#include <cstdlib>
+
+#include "documents/ExportWindow.h"
+#include "platform/Programs.h"
+#include "support/SheetFixture.h"
+
+namespace zeph::testing {
+namespace {
+
+// Sets an environment variable for one test and puts back what it was.
+struct ScopedEnv {
+    ScopedEnv(const char* name, const std::string& value) : name_(name) {
+        if (const char* old = std::getenv(name)) old_ = old;
+        ::setenv(name, value.c_str(), 1);
+    }
+    ~ScopedEnv() { old_ ? (void)::setenv(name_, old_->c_str(), 1) : (void)::unsetenv(name_); }
+    const char* name_;
+    std::optional<std::string> old_;
+};
+
+// A stand-in program: a shell script made executable in the folder.
+std::string Program(const TempFolder& folder, const std::string& name, const std::string& body) {
+    const std::string path = folder.Write(name, "#!/bin/sh\n" + body + "\n");
+    ::chmod(path.c_str(), 0755);
+    return path;
+}
+
+// A renderer that "prints" the page it is given: "%PDF", then the HTML file it was pointed at.
+const char* kEchoRenderer = "for a; do case $a in --print-to-pdf=*) out=${a#*=};; file://*) in=${a#file://};; esac; done\n"
+                            "{ echo %PDF; cat \"$in\"; } > \"$out\"";
+
+TEST(PdfSheet, PageSizesByNameAndAsACssRuleBeforeTheHeadEnds) {
+    EXPECT_EQ(PageSizeNamed("A4")->name, "A4");
+    EXPECT_EQ(PageSizeNamed("letter")->widthMm, 215.9);
+    EXPECT_FALSE(PageSizeNamed("legal") || PageSizeNamed(""));
+    EXPECT_EQ(WithPageSize("<html><head><style>x</style></head><body/>", kLetter),
+              "<html><head><style>x</style><style>@page { size: 215.9mm 279.4mm; }</style></head><body/>");
+    EXPECT_EQ(WithPageSize("<p>bare</p>", {"Odd", 99.96, 7}), "<style>@page { size: 100.0mm 7.0mm; }</style><p>bare</p>");
+    const ScopedEnv locale("LC_ALL", "C");
+    EXPECT_EQ(LocalePageSize().name, "A4");  // the C locale's paper
+}
+
+TEST(PdfSheet, TheRendererGetsTheSheetOnItsPageAndLeavesNothingBehind) {
+    const TempFolder folder("pdf-render");
+    const ScopedEnv renderer("ZEPHALON_PDF_RENDERER", Program(folder, "render", kEchoRenderer));
+    const PdfResult made = RenderPdf("<head></head>é", kA4, folder.path.string());
+    EXPECT_EQ(made.pdf, "%PDF\n<head><style>@page { size: 210.0mm 297.0mm; }</style></head>é");
+    EXPECT_EQ(made.failure, "");
+    EXPECT_EQ(FolderItems(folder.path.string()), std::vector<std::string>{folder.At("render")});
+}
+
+TEST(PdfSheet, AMissingOrFailingRendererOrSpoolerIsAMessage) {
+    const TempFolder folder("pdf-fail");
+    const struct { std::string program, failure; } cases[] = {
+        {"/nonexistent/chromium", "The PDF cannot be made: its renderer, Chromium, is not installed. Install the Debian package chromium."},
+        {folder.Write("not-executable", "x"), "The PDF cannot be made: its renderer, Chromium, is not installed. Install the Debian package chromium."},
+        {Program(folder, "fails", "echo noise; echo 'bad page' >&2; exit 3"), "The PDF cannot be made: " + folder.At("fails") + " failed. bad page"},
+        {Program(folder, "silent", "exit 0"), "The PDF cannot be made: " + folder.At("silent") + " failed."},
+    };
+    for (const auto& c : cases) {
+        const ScopedEnv renderer("ZEPHALON_PDF_RENDERER", c.program);
+        const PdfResult made = RenderPdf("<p/>", kA4, folder.path.string());
+        EXPECT_EQ(made.pdf, "");
+        EXPECT_EQ(made.failure, c.failure);
+    }
+    EXPECT_EQ(RenderPdf("<p/>", kA4, "/nonexistent").failure, "The PDF cannot be made: no working folder in /nonexistent.");
+
+    Program(folder, "lp", "echo \"$@\" > " + folder.At("spooled") + "; [ \"$2\" = Office ] || { echo 'lp: no such printer'; exit 1; }");
+    const ScopedEnv path("PATH", folder.path.string() + ":/usr/bin:/bin");
+    EXPECT_EQ(PrintPdfFile("/tmp/a b.pdf", "Office", 2), "");
+    EXPECT_EQ(ReadWholeFile(folder.At("spooled")), "-d Office -n 2 /tmp/a b.pdf\n");
+    EXPECT_EQ(PrintPdfFile("/tmp/a.pdf", "Attic", 1), "The sheet could not be sent to Attic. lp: no such printer");
+    const ScopedEnv noPath("PATH", "/nonexistent");
+    EXPECT_EQ(PrintPdfFile("/tmp/a.pdf", "Office", 1),
+              "The sheet cannot be printed: the print command lp is not installed. Install the Debian package cups-client.");
+}
+
+TEST(PdfSheet, ProgramsAreFoundOnThePathAndTheirOutputKept) {
+    const TempFolder folder("programs");
+    Program(folder, "hello", "echo out; echo err >&2; exit 4");
+    const ScopedEnv path("PATH", "/nonexistent::" + folder.path.string());
+    EXPECT_EQ(FindProgram("hello"), folder.At("hello"));
+    EXPECT_EQ(FindProgram("sh"), "");
+    EXPECT_EQ(FindProgram(""), "");
+    const ProgramRun run = RunProgram({folder.At("hello")}, 10);
+    EXPECT_TRUE(run.started);
+    EXPECT_EQ(run.status, 4);
+    EXPECT_EQ(run.output, "out\nerr\n");
+    EXPECT_FALSE(RunProgram({folder.At("none")}, 10).started);
+    EXPECT_EQ(RunProgram({"/bin/sleep", "5"}, 0).status, -1);  // killed when its time is up
+}
+
+TEST_F(SheetTest, ThePdfExportShowsTheHtmlSheetAndSavesItsPdf) {
+    const TempFolder folder("pdf-export");
+    ScriptedPlatform scripted(folder.path.string(), ZEPHALON_SOURCE_DIR "/data/stylesheets", folder.path.string());
+    CharacterSheet character(data, scripted, SheetOperations());
+    character.NameField.SetText("Ann");
+    ExportWindow exporter(character);
+    exporter.PopupMenu1.SetText("HTML");
+    const std::string html = exporter.EditField1.Text();
+    exporter.PopupMenu1.SetText("PDF");
+    EXPECT_EQ(exporter.EditField1.Text(), html);
+    EXPECT_TRUE(exporter.SaveButton.Value() && exporter.PreviewButton.Visible());
+
+    exporter.pdfPage = kLetter;
+    const ScopedEnv renderer("ZEPHALON_PDF_RENDERER", Program(folder, "render", kEchoRenderer));
+    scripted.QueueAnswer(folder.At("a.b.txt"));
+    exporter.SaveButton_Action();
+    EXPECT_EQ(scripted.Transcript().end()[-4], "dialog: save application/pdf Ann.pdf -> " + folder.At("a.b.txt"));
+    EXPECT_EQ(ReadWholeFile(folder.At("a.pdf")), "%PDF\n" + WithPageSize(html + "\n", kLetter));
+    EXPECT_EQ(scripted.Messages().back(), "Ann.pdf Saved.");
+    EXPECT_TRUE(scripted.OpenNotices().empty());
+
+    const ScopedEnv missing("ZEPHALON_PDF_RENDERER", "/nonexistent");
+    scripted.QueueAnswer(folder.At("b.pdf"));
+    exporter.SaveButton_Action();
+    EXPECT_NE(scripted.Messages().back().find("Install the Debian package chromium."), std::string::npos);
+    EXPECT_FALSE(IsExistingFile(folder.At("b.pdf")));
+}
+
+}  // namespace
+}  // namespace zeph::testing
