@@ -31,13 +31,14 @@ protected:
         return pdf;
     }
     std::string Info(const std::string& pdf) { return Output({FindProgram("pdfinfo"), pdf}); }
-    std::string PageText(const std::string& pdf, int page) {
-        return Output({FindProgram("pdftotext"), "-f", std::to_string(page), "-l", std::to_string(page), pdf, "-"});
-    }
-    int Pages(const std::string& pdf) {
+    // The text of each page.
+    std::vector<std::string> Pages(const std::string& pdf) {
         std::smatch pages;
         const std::string info = Info(pdf);
-        return std::regex_search(info, pages, std::regex("Pages: +([0-9]+)")) ? std::stoi(pages[1]) : 0;
+        std::vector<std::string> text(std::regex_search(info, pages, std::regex("Pages: +([0-9]+)")) ? std::stoi(pages[1]) : 0);
+        for (std::size_t page = 1; page <= text.size(); ++page)
+            text[page - 1] = Output({FindProgram("pdftotext"), "-f", Str(page), "-l", Str(page), pdf, "-"});
+        return text;
     }
     TempFolder folder{"pdf-export-real"};
 };
@@ -46,7 +47,7 @@ TEST_F(PdfExport, TheSampleSheetOnLetterIsSearchableText) {
     const std::string pdf = Export(kSource + "/tests/data/sample_character.xml", "letter");
     EXPECT_NE(Info(pdf).find("612 x 792 pts (letter)"), std::string::npos);
     std::string text;
-    for (int page = 1; page <= Pages(pdf); ++page) text += PageText(pdf, page);
+    for (const std::string& page : Pages(pdf)) text += page;
     for (const char* shown : {"Ilse Marković", "Occult Librarian", "Essence Channeling", "Warder's Circle",
                               "Lore of the supernatural"})
         EXPECT_NE(text.find(shown), std::string::npos) << shown;
@@ -68,10 +69,8 @@ TEST_F(PdfExport, ALongSheetOnA4BreaksBetweenRowsWithThePortraitFirst) {
     const std::string pdf = Export(folder.Write("long.xml", character), "a4");
 
     EXPECT_NE(Info(pdf).find("(A4)"), std::string::npos);
-    const int pages = Pages(pdf);
-    EXPECT_GT(pages, 2);
-    std::vector<std::string> text;
-    for (int page = 1; page <= pages; ++page) text.push_back(PageText(pdf, page));
+    const std::vector<std::string> text = Pages(pdf);
+    EXPECT_GT(text.size(), 2u);
     for (int row = 0; row < 70; ++row) {
         const std::regex begin("\\bbegin" + std::to_string(row) + "\\b"), end("\\bend" + std::to_string(row) + "\\b");
         int whole = 0;
