@@ -7,6 +7,8 @@
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
+#include <memory>
+#include <type_traits>
 #include <vector>
 
 #include "platform/Files.h"
@@ -44,11 +46,11 @@ std::optional<PageSize> PageSizeNamed(const std::string& name) {
 }
 
 PageSize LocalePageSize() {
-    const locale_t paper = ::newlocale(LC_PAPER_MASK, "", static_cast<locale_t>(0));
-    if (paper == static_cast<locale_t>(0)) return kA4;
+    const std::unique_ptr<std::remove_pointer_t<locale_t>, decltype(&::freelocale)> paper(
+        ::newlocale(LC_PAPER_MASK, "", static_cast<locale_t>(0)), &::freelocale);
+    if (!paper) return kA4;
     // glibc gives the paper's width in millimetres as a number in the pointer's place.
-    const auto width = reinterpret_cast<std::intptr_t>(::nl_langinfo_l(_NL_PAPER_WIDTH, paper));
-    ::freelocale(paper);
+    const auto width = reinterpret_cast<std::intptr_t>(::nl_langinfo_l(_NL_PAPER_WIDTH, paper.get()));
     return width == 216 ? kLetter : kA4;
 }
 

@@ -8,6 +8,7 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <sstream>
 #include <thread>
 
 #include "platform/Files.h"
@@ -26,16 +27,12 @@ bool isExecutableFile(const std::string& path) {
 std::string FindProgram(const std::string& name) {
     if (name.empty()) return "";
     if (name.find('/') != std::string::npos) return isExecutableFile(name) ? name : "";
+    // An empty entry would be the current folder, which is never searched: a folder the user
+    // happens to be in must not supply the renderer.
     const char* path = std::getenv("PATH");
-    std::string folders = path ? path : "/usr/local/bin:/usr/bin:/bin";
-    for (std::size_t start = 0; start <= folders.size();) {
-        std::size_t end = folders.find(':', start);
-        if (end == std::string::npos) end = folders.size();
-        const std::string folder = folders.substr(start, end - start);
-        const std::string candidate = JoinPath(folder.empty() ? "." : folder, name);
-        if (isExecutableFile(candidate)) return candidate;
-        start = end + 1;
-    }
+    std::istringstream folders(path ? path : "/usr/local/bin:/usr/bin:/bin");
+    for (std::string folder; std::getline(folders, folder, ':');)
+        if (!folder.empty() && isExecutableFile(JoinPath(folder, name))) return JoinPath(folder, name);
     return "";
 }
 
@@ -45,7 +42,7 @@ ProgramRun RunProgram(const std::vector<std::string>& arguments, int timeoutSeco
     // What it prints goes to a file, not a pipe, so a chatty program never blocks on it.
     char outputPath[] = "/tmp/zephalon-program-XXXXXX";
     const int outputFile = ::mkstemp(outputPath);
-    if (outputFile < 0) return run;
+    if (outputFile == -1) return run;
     ::unlink(outputPath);
 
     posix_spawn_file_actions_t files;
@@ -60,7 +57,7 @@ ProgramRun RunProgram(const std::vector<std::string>& arguments, int timeoutSeco
     std::vector<char*> argv;
     for (const std::string& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
     argv.push_back(nullptr);
-    pid_t child = 0;
+    pid_t child;
     run.started = ::posix_spawn(&child, argv[0], &files, &attributes, argv.data(), environ) == 0;
     posix_spawn_file_actions_destroy(&files);
     posix_spawnattr_destroy(&attributes);

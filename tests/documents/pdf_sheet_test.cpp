@@ -9,15 +9,13 @@
 namespace zeph::testing {
 namespace {
 
-// Sets an environment variable for one test and puts back what it was.
+// Sets an environment variable for one test and puts back what it was; an unset one comes back
+// empty, which the variables used here take as unset.
 struct ScopedEnv {
-    ScopedEnv(const char* variable, const std::string& value) : name(variable) {
-        if (const char* was = std::getenv(name)) old = was;
-        ::setenv(name, value.c_str(), 1);
-    }
-    ~ScopedEnv() { old ? (void)::setenv(name, old->c_str(), 1) : (void)::unsetenv(name); }
+    ScopedEnv(const char* variable, const std::string& value) : name(variable), old(std::getenv(name) ? std::getenv(name) : "") { ::setenv(name, value.c_str(), 1); }
+    ~ScopedEnv() { ::setenv(name, old.c_str(), 1); }
     const char* name;
-    std::optional<std::string> old;
+    std::string old;
 };
 
 // A stand-in program: a shell script made executable in the folder.
@@ -32,8 +30,7 @@ const char* kEchoRenderer = "for a; do case $a in --print-to-pdf=*) out=${a#*=};
                             "{ echo %PDF; cat \"$in\"; } > \"$out\"";
 
 TEST(PdfSheet, PageSizesByNameAndAsACssRuleBeforeTheHeadEnds) {
-    EXPECT_EQ(PageSizeNamed("A4")->name, "A4");
-    EXPECT_EQ(PageSizeNamed("letter")->widthMm, 215.9);
+    EXPECT_EQ(PageSizeNamed("A4")->name + " " + Str(PageSizeNamed("letter")->widthMm), "A4 215.9");
     EXPECT_FALSE(PageSizeNamed("legal") || PageSizeNamed(""));
     EXPECT_EQ(WithPageSize("<html><head><style>x</style></head><body/>", kLetter),
               "<html><head><style>x</style><style>@page { size: 215.9mm 279.4mm; }</style></head><body/>");
@@ -79,11 +76,17 @@ TEST(PdfSheet, ProgramsAreFoundOnThePathAndTheirOutputKept) {
     const TempFolder folder("programs");
     Program(folder, "hello", "echo out; echo err >&2; exit 4");
     const ScopedEnv path("PATH", "/nonexistent::" + folder.path.string());
-    EXPECT_EQ(FindProgram("hello"), folder.At("hello"));
     EXPECT_EQ(FindProgram("sh") + FindProgram(""), "");
+    const auto here = std::filesystem::current_path();  // an empty entry is not the current folder
+    std::filesystem::current_path(folder.path);
+    EXPECT_EQ(FindProgram("hello"), folder.At("hello"));
+    const ScopedEnv emptyEntry("PATH", ":/nonexistent:");
+    EXPECT_EQ(FindProgram("hello"), "");
+    std::filesystem::current_path(here);
     const ProgramRun run = RunProgram({folder.At("hello")}, 10);
     EXPECT_EQ(Str(run.started) + " " + Str(run.status) + " " + run.output, "1 4 out\nerr\n");
     EXPECT_FALSE(RunProgram({folder.At("none")}, 10).started);
+    EXPECT_EQ(RunProgram({"/bin/cat"}, 10).status, 0);  // its input is empty, never the caller's
     EXPECT_EQ(RunProgram({"/bin/sleep", "5"}, 0).status, -1);  // killed when its time is up
 }
 
@@ -96,8 +99,7 @@ TEST_F(SheetTest, ThePdfExportShowsTheHtmlSheetAndSavesItsPdf) {
     exporter.PopupMenu1.SetText("HTML");
     const std::string html = exporter.EditField1.Text();
     exporter.PopupMenu1.SetText("PDF");
-    EXPECT_EQ(exporter.EditField1.Text(), html);
-    EXPECT_TRUE(exporter.SaveButton.Value() && exporter.PreviewButton.Visible());
+    EXPECT_TRUE(exporter.EditField1.Text() == html && exporter.SaveButton.Value() && exporter.PreviewButton.Visible());
 
     exporter.pdfPage = kLetter;
     const ScopedEnv renderer("ZEPHALON_PDF_RENDERER", Program(folder, "render", kEchoRenderer));
