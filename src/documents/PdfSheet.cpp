@@ -88,7 +88,7 @@ PdfResult RenderPdf(const std::string& html, const PageSize& page, const std::st
         if (::geteuid() == 0) arguments.insert(arguments.begin() + 1, "--no-sandbox");
         const ProgramRun run = RunProgram(arguments, kRenderSeconds);
         result.pdf = ReadWholeFile(pdfPath).value_or("");
-        if (!run.started || run.status != 0 || result.pdf.rfind("%PDF", 0) != 0) {
+        if (!run.started || run.status != 0 || !result.pdf.starts_with("%PDF")) {
             result.pdf.clear();
             result.failure = "The PDF cannot be made: " + renderer +
                              (run.started ? " failed." : " could not be started.") + lastWords(run.output);

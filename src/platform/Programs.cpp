@@ -8,6 +8,7 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <filesystem>
 #include <sstream>
 #include <thread>
 
@@ -40,10 +41,10 @@ ProgramRun RunProgram(const std::vector<std::string>& arguments, int timeoutSeco
     ProgramRun run;
     if (arguments.empty()) return run;
     // What it prints goes to a file, not a pipe, so a chatty program never blocks on it.
-    char outputPath[] = "/tmp/zephalon-program-XXXXXX";
-    const int outputFile = ::mkstemp(outputPath);
+    std::string outputPath = (std::filesystem::temp_directory_path() / "zephalon-program-XXXXXX").string();
+    const int outputFile = ::mkstemp(outputPath.data());
     if (outputFile == -1) return run;
-    ::unlink(outputPath);
+    ::unlink(outputPath.c_str());
 
     posix_spawn_file_actions_t files;
     posix_spawn_file_actions_init(&files);

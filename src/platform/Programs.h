@@ -18,7 +18,8 @@ struct ProgramRun {
 };
 
 // Runs `arguments` (the program's path first) in a process group of its own, with standard
-// input empty, and waits at most `timeoutSeconds`; the whole group is killed after that.
+// input empty, and waits at most `timeoutSeconds`; the whole group is killed after that. What it
+// prints passes through a file in the temporary folder ($TMPDIR), gone at once.
 ProgramRun RunProgram(const std::vector<std::string>& arguments, int timeoutSeconds);
 
 }  // namespace zeph

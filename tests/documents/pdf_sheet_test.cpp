@@ -9,11 +9,10 @@
 namespace zeph::testing {
 namespace {
 
-// Sets an environment variable for one test and puts back what it was; an unset one comes back
-// empty, which the variables used here take as unset.
+// Sets an environment variable for one test and puts back what it was; an empty one is unset.
 struct ScopedEnv {
     ScopedEnv(const char* variable, const std::string& value) : name(variable), old(std::getenv(name) ? std::getenv(name) : "") { ::setenv(name, value.c_str(), 1); }
-    ~ScopedEnv() { ::setenv(name, old.c_str(), 1); }
+    ~ScopedEnv() { old.empty() ? (void)::unsetenv(name) : (void)::setenv(name, old.c_str(), 1); }
     const char* name;
     std::string old;
 };
@@ -37,11 +36,13 @@ TEST(PdfSheet, PageSizesByNameAndAsACssRuleBeforeTheHeadEnds) {
     EXPECT_EQ(WithPageSize("<p>bare</p>", {"Odd", 99.96, 7}), "<style>@page { size: 100.0mm 7.0mm; }</style><p>bare</p>");
     const ScopedEnv locale("LC_ALL", "C");
     EXPECT_EQ(LocalePageSize().name, "A4");  // the C locale's paper
+    const ScopedEnv unknown("LC_ALL", "xx_XX.UTF-8");
+    EXPECT_EQ(LocalePageSize().name, "A4");  // no such locale
 }
 
 TEST(PdfSheet, TheRendererGetsTheSheetOnItsPageAndLeavesNothingBehind) {
     const TempFolder folder("pdf-render");
-    const ScopedEnv renderer("ZEPHALON_PDF_RENDERER", Program(folder, "render", kEchoRenderer));
+    const ScopedEnv renderer("ZEPHALON_PDF_RENDERER", Program(folder, "render", kEchoRenderer)), tmp("TMPDIR", folder.path.string());
     const PdfResult made = RenderPdf("<head></head>é", kA4, folder.path.string());
     EXPECT_EQ(made.pdf + made.failure, "%PDF\n<head><style>@page { size: 210.0mm 297.0mm; }</style></head>é");
     EXPECT_EQ(FolderItems(folder.path.string()), std::vector<std::string>{folder.At("render")});
@@ -74,17 +75,16 @@ TEST(PdfSheet, AMissingOrFailingRendererOrSpoolerIsAMessage) {
 
 TEST(PdfSheet, ProgramsAreFoundOnThePathAndTheirOutputKept) {
     const TempFolder folder("programs");
-    Program(folder, "hello", "echo out; echo err >&2; exit 4");
+    Program(folder, "hello", "echo out; printf %4093s err >&2; exit 4");  // more than one read
     const ScopedEnv path("PATH", "/nonexistent::" + folder.path.string());
-    EXPECT_EQ(FindProgram("sh") + FindProgram(""), "");
     const auto here = std::filesystem::current_path();  // an empty entry is not the current folder
     std::filesystem::current_path(folder.path);
     EXPECT_EQ(FindProgram("hello"), folder.At("hello"));
     const ScopedEnv emptyEntry("PATH", ":/nonexistent:");
-    EXPECT_EQ(FindProgram("hello"), "");
+    EXPECT_EQ(FindProgram("hello") + FindProgram("sh") + FindProgram(""), "");
     std::filesystem::current_path(here);
     const ProgramRun run = RunProgram({folder.At("hello")}, 10);
-    EXPECT_EQ(Str(run.started) + " " + Str(run.status) + " " + run.output, "1 4 out\nerr\n");
+    EXPECT_EQ(Str(run.started) + " " + Str(run.status) + " " + run.output, "1 4 out\n" + std::string(4090, ' ') + "err");
     EXPECT_FALSE(RunProgram({folder.At("none")}, 10).started);
     EXPECT_EQ(RunProgram({"/bin/cat"}, 10).status, 0);  // its input is empty, never the caller's
     EXPECT_EQ(RunProgram({"/bin/sleep", "5"}, 0).status, -1);  // killed when its time is up
