@@ -928,6 +928,12 @@ table.moves tr.basic td.name, table.moves tr.basic td:nth-child(2) { font-weight
   html { background: none; }
   .sheet { max-width: none; margin: 0; padding: 0; box-shadow: none; }
   a { color: inherit; text-decoration: none; }
+  /* Pages end between sections: the header (and the portrait in it) and each small block go
+     whole, a list or a text runs on between its rows and lines, and no heading or table head
+     is left at the foot of a page. */
+  .head, .row, tr, .tile, .field { break-inside: avoid; page-break-inside: avoid; }
+  h2, h3, thead { break-after: avoid; page-break-after: avoid; }
+  .foot { break-before: avoid; page-break-before: avoid; }
 }
 @media screen and (max-width: 700px) {
   .ident, .desc { grid-template-columns: repeat(2, 1fr); }

@@ -5,6 +5,7 @@
 
 #include "documents/CharacterFile.h"
 #include "documents/ExportWindow.h"
+#include "documents/PdfSheet.h"
 #include "platform/Files.h"
 #include "platform/ScriptedPlatform.h"
 #include "ruledata/DataModule.h"
@@ -17,10 +18,12 @@ namespace {
 
 const std::map<std::string, std::string> kFormsByOption = {
     {"html", "HTML"},           {"text", "Text"},     {"summary", "Summary"},
-    {"wiki", "Wiki Code"},      {"custom", "Custom"}, {"xml", "XML"}};
+    {"wiki", "Wiki Code"},      {"custom", "Custom"}, {"xml", "XML"},
+    {"pdf", "PDF"}};
 
 struct ExportRequest {
     std::string data, format, character, output;
+    PageSize page = LocalePageSize();
 };
 
 bool parse(const std::vector<std::string>& arguments, ExportRequest& request) {
@@ -30,6 +33,11 @@ bool parse(const std::vector<std::string>& arguments, ExportRequest& request) {
         if (argument == "--data" && hasValue) request.data = arguments[++i];
         else if (argument == "--format" && hasValue) request.format = arguments[++i];
         else if (argument == "-o" && hasValue) request.output = arguments[++i];
+        else if (argument == "--page" && hasValue) {
+            const auto page = PageSizeNamed(arguments[++i]);
+            if (!page) return false;
+            request.page = *page;
+        }
         else if (request.character.empty() && argument.rfind('-', 0) != 0) request.character = argument;
         else return false;
     }
@@ -42,8 +50,7 @@ int RunExportCommand(const std::vector<std::string>& arguments, const std::strin
                      std::ostream& out, std::ostream& err) {
     ExportRequest request;
     if (!parse(arguments, request)) {
-        err << "usage: zephalon-cli export --data RULES --format "
-               "html|text|summary|wiki|custom|xml CHARACTER [-o OUT]\n";
+        err << kExportUsage;
         return 2;
     }
     const auto form = kFormsByOption.find(request.format);
@@ -78,7 +85,15 @@ int RunExportCommand(const std::vector<std::string>& arguments, const std::strin
     const std::size_t messagesBefore = platform.Messages().size();
     exporter.PopupMenu1.SetText(form->second);
     if (platform.Messages().size() > messagesBefore) return 2;  // the transformation failed
-    const std::string result = exporter.EditField1.Text() + "\n";
+    std::string result = exporter.EditField1.Text() + "\n";
+    if (form->second == "PDF") {
+        PdfResult made = RenderPdf(result, request.page, platform.TemporaryFolder());
+        if (made.pdf.empty()) {
+            err << made.failure << "\n";
+            return 2;
+        }
+        result = std::move(made.pdf);
+    }
     if (request.output.empty()) {
         out << result;
         return 0;

@@ -8,8 +8,12 @@
 
 namespace zeph {
 
-// Arguments after "export": --data RULES --format html|text|summary|wiki|custom|xml CHARACTER
-// [-o OUT]. Returns the exit status: 0 written, 2 for a usage error or a missing file.
+inline constexpr const char* kExportUsage =
+    "usage: zephalon-cli export --data RULES --format html|pdf|text|summary|wiki|custom|xml\n"
+    "         [--page a4|letter] CHARACTER [-o OUT]\n";
+
+// Arguments after "export": --data RULES --format html|pdf|text|summary|wiki|custom|xml
+// [--page a4|letter] CHARACTER [-o OUT]; a PDF's page is the locale's paper unless told. Returns the exit status: 0 written, 2 for a usage error or a missing file.
 int RunExportCommand(const std::vector<std::string>& arguments, const std::string& applicationFolder,
                      std::ostream& out, std::ostream& err);
 

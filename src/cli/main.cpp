@@ -21,9 +21,9 @@ namespace {
 void printUsage(std::ostream& out) {
     out << "usage: zephalon-cli script [--prefs DIR] FILE\n"
            "  Runs FILE (\"-\" for standard input) against one character sheet.\n"
-           "usage: zephalon-cli export --data RULES --format "
-           "html|text|summary|wiki|custom|xml CHARACTER [-o OUT]\n"
-           "  Writes the export of CHARACTER to OUT or standard output.\n"
+        << zeph::kExportUsage
+        << "  Writes the export of CHARACTER to OUT or standard output; a PDF goes on the\n"
+           "  locale's paper unless --page names one.\n"
            "usage: zephalon-cli lint RULES [--format text|json]\n"
            "  Names each mistake of a rule data file with its line; exit status 0 clean,\n"
            "  1 with warnings, 2 with errors.\n"

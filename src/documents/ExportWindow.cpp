@@ -15,12 +15,16 @@
 namespace zeph {
 namespace {
 
-const ExportForm kForms[] = {{"XML", "", false, false},
-                             {"HTML", "zephtml.xsl", false, true},
-                             {"Text", "zeptext.xsl", true, false},
-                             {"Summary", "zepsummary.xsl", true, false},
-                             {"Wiki Code", "zepwiki.xsl", true, false},
-                             {"Custom", "custom.xsl", false, false}};
+// The PDF form shows, previews and lays out on pages the HTML sheet.
+const ExportForm kForms[] = {{"XML", "", false, false, ".txt"},
+                             {"HTML", "zephtml.xsl", false, true, ".html"},
+                             {"PDF", "zephtml.xsl", false, true, ".pdf"},
+                             {"Text", "zeptext.xsl", true, false, ".txt"},
+                             {"Summary", "zepsummary.xsl", true, false, ".txt"},
+                             {"Wiki Code", "zepwiki.xsl", true, false, ".txt"},
+                             {"Custom", "custom.xsl", false, false, ".txt"}};
+
+const FileType kPdfFile{"application/pdf", ".pdf"};
 
 std::string withoutDeclaration(std::string text) {
     for (std::size_t at = text.find(kXmlDeclaration); at != std::string::npos;
@@ -93,16 +97,29 @@ void ExportWindow::PreviewButton_Action() {
 
 void ExportWindow::SaveButton_Action() {
     Platform& platform = callingWindow_.Host();
-    const std::string extension = PopupMenu1.Text() == "HTML" ? ".html" : ".txt";
+    const ExportForm* form = FindExportForm(PopupMenu1.Text());
+    const bool pdf = form != nullptr && std::string(form->name) == "PDF";
+    const std::string extension = form != nullptr ? form->extension : ".txt";
     const std::string defaultName = title_ + extension;
-    const auto chosen = platform.SaveFileDialog(FileTypes::Text, defaultName);
+    const auto chosen = platform.SaveFileDialog(pdf ? kPdfFile : FileTypes::Text, defaultName);
     if (!chosen) return;
     // The name is always rewritten: the text behind its first "." never starts with one.
     std::filesystem::path path(*chosen);
     path.replace_filename(NthField(path.filename().string(), ".", 1) + extension);
+    std::string content = EditField1.Text() + "\n";
+    if (pdf) {
+        const int notice = platform.ShowNotice("Making the PDF. Please wait...");
+        PdfResult made = RenderPdf(content, pdfPage, platform.TemporaryFolder());
+        platform.CloseNotice(notice);
+        if (made.pdf.empty()) {
+            platform.MsgBox(made.failure);
+            return;
+        }
+        content = std::move(made.pdf);
+    }
     auto file = platform.CreateOutputFile(path.string());
     if (!file) return;
-    if (!file->Write(EditField1.Text() + "\n") || !file->Commit()) {
+    if (!file->Write(content) || !file->Commit()) {
         platform.MsgBox("The export could not be saved to " + path.string() +
                         ". The disk may be full.");
         return;

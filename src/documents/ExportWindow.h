@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "documents/PdfSheet.h"
 #include "documents/XmlDocument.h"
 #include "sheet/Item.h"
 
@@ -17,6 +18,7 @@ struct ExportForm {
     const char* stylesheet;  // "" for the document itself
     bool withoutDeclaration;
     bool preview;
+    const char* extension;  // of the saved file
 };
 // The forms with a stylesheet, in the menu's order; `nullptr` when `name` is none of them.
 const ExportForm* FindExportForm(const std::string& name);
@@ -42,6 +44,8 @@ public:
     void SaveButton_Action();
 
     const std::string& Title() const { return title_; }
+    // The paper a saved PDF is laid out on.
+    PageSize pdfPage = LocalePageSize();
 
 private:
     ItemRegistry items_;
@@ -49,7 +53,7 @@ private:
 public:
     TextItem EditField1{items_, "EditField1"};
     ComboItem PopupMenu1{items_, "PopupMenu1", ItemKind::Choice,
-                         {"XML", "-", "HTML", "Text", "Summary", "Wiki Code", "-", "Custom"}};
+                         {"XML", "-", "HTML", "PDF", "Text", "Summary", "Wiki Code", "-", "Custom"}};
     TextItem PreviewButton{items_, "PreviewButton", ItemKind::Label, "Preview in Browser"};
     // Whether the Save Export button can be pressed.
     FlagItem SaveButton{items_, "SaveButton", false};

@@ -35,6 +35,7 @@
 #include "shell/ExportView.h"
 #include "shell/JournalView.h"
 #include "shell/PortraitView.h"
+#include "shell/PrintSheet.h"
 #include "shell/StyleBar.h"
 #include "app/SheetOperations.h"
 #include "app/SheetSteps.h"
@@ -196,6 +197,7 @@ void CharWindow::addCommands() {
         call([this] { FileSaveAsCharacterFile_Action(*sheet_); });
     };
     commands_["FileExport"] = [this] { ShowInFront(*new ExportView(*sheet_, menus_, this)); };
+    commands_["FilePrint"] = [this] { PrintSheet(*sheet_, this); };
     commands_["FileCharacterJournal"] = [this] {
         JournalView::OpenTheJournal(*sheet_, this, menus_);
     };

@@ -39,6 +39,7 @@ const std::vector<Menu>& MenuTable() {
           {"FileSave", "Save Character File", "Ctrl+S"},
           {"FileSaveAsCharacterFile", "Save As Character File...", "Ctrl+Shift+S"},
           {"FileExport", "Export...", "Ctrl+E"},
+          {"FilePrint", "Print...", "Ctrl+P"},
           {"UntitledMenu2", "-", ""},
           {"FileLoadDataFile", "Load Data File...", "Ctrl+L"},
           {"UntitledItem", "-", ""},

@@ -37,7 +37,11 @@ TEST(ExportCommand, MissingFilesAndBadArgumentsEndWithStatusTwo) {
     Exported noCharacter = Export("html", "/nonexistent/c.xml");
     EXPECT_EQ(noCharacter.status, 2);
     EXPECT_EQ(noCharacter.err, "cannot read the character file /nonexistent/c.xml\n");
-    EXPECT_EQ(Export("pdf", character).status, 2);
+    EXPECT_EQ(Export("rtf", character).status, 2);
+    ::setenv("ZEPHALON_PDF_RENDERER", "/nonexistent", 1);  // the renderer missing is told, not a crash
+    const Exported noRenderer = Export("pdf", character);
+    ::unsetenv("ZEPHALON_PDF_RENDERER");
+    EXPECT_EQ(Str(noRenderer.status) + noRenderer.err, "2The PDF cannot be made: its renderer, Chromium, is not installed. Install the Debian package chromium.\n");
     EXPECT_EQ(Export("html", kSource + "/data/rules/sample.xml").status, 0);  // no character: blank
     const testing::TempFolder folder("not-xslt");
     Exported notXml = Export("html", kSource + "/README.md");
@@ -54,6 +58,7 @@ TEST(ExportCommand, MissingFilesAndBadArgumentsEndWithStatusTwo) {
 
     std::ostringstream out, err;
     EXPECT_EQ(RunExportCommand({"--format", "html", character}, kStylesheets, out, err), 2);
+    EXPECT_EQ(RunExportCommand({"--data", "d", "--format", "pdf", "--page", "a5", character}, kStylesheets, out, err), 2);
     EXPECT_NE(err.str().find("usage: zephalon-cli export"), std::string::npos);
 }
 

@@ -1,0 +1,121 @@
+#include "documents/PdfSheet.h"
+
+#include <sys/stat.h>
+
+#include "documents/ExportWindow.h"
+#include "platform/Programs.h"
+#include "support/SheetFixture.h"
+
+namespace zeph::testing {
+namespace {
+
+// Sets an environment variable for one test and puts back what it was; an empty one is unset.
+struct ScopedEnv {
+    ScopedEnv(const char* variable, const std::string& value) : name(variable), old(std::getenv(name) ? std::getenv(name) : "") { ::setenv(name, value.c_str(), 1); }
+    ~ScopedEnv() { old.empty() ? (void)::unsetenv(name) : (void)::setenv(name, old.c_str(), 1); }
+    const char* name;
+    std::string old;
+};
+
+// A stand-in program: a shell script made executable in the folder.
+std::string Program(const TempFolder& folder, const std::string& name, const std::string& body) {
+    const std::string path = folder.Write(name, "#!/bin/sh\n" + body + "\n");
+    ::chmod(path.c_str(), 0755);
+    return path;
+}
+
+// A renderer that "prints" the page it is given: "%PDF", then the HTML file it was pointed at.
+const char* kEchoRenderer = "for a; do case $a in --print-to-pdf=*) out=${a#*=};; file://*) in=${a#file://};; esac; done\n"
+                            "{ echo %PDF; cat \"$in\"; } > \"$out\"";
+
+TEST(PdfSheet, PageSizesByNameAndAsACssRuleBeforeTheHeadEnds) {
+    EXPECT_EQ(PageSizeNamed("A4")->name + " " + Str(PageSizeNamed("letter")->widthMm), "A4 215.9");
+    EXPECT_FALSE(PageSizeNamed("legal") || PageSizeNamed(""));
+    EXPECT_EQ(WithPageSize("<html><head><style>x</style></head><body/>", kLetter),
+              "<html><head><style>x</style><style>@page { size: 215.9mm 279.4mm; }</style></head><body/>");
+    EXPECT_EQ(WithPageSize("<p>bare</p>", {"Odd", 99.96, 7}), "<style>@page { size: 100.0mm 7.0mm; }</style><p>bare</p>");
+    const ScopedEnv locale("LC_ALL", "C");
+    EXPECT_EQ(LocalePageSize().name, "A4");  // the C locale's paper
+    const ScopedEnv unknown("LC_ALL", "xx_XX.UTF-8");
+    EXPECT_EQ(LocalePageSize().name, "A4");  // no such locale
+}
+
+TEST(PdfSheet, TheRendererGetsTheSheetOnItsPageAndLeavesNothingBehind) {
+    const TempFolder folder("pdf-render");
+    const ScopedEnv renderer("ZEPHALON_PDF_RENDERER", Program(folder, "render", kEchoRenderer)), tmp("TMPDIR", folder.path.string());
+    const PdfResult made = RenderPdf("<head></head>é", kA4, folder.path.string());
+    EXPECT_EQ(made.pdf + made.failure, "%PDF\n<head><style>@page { size: 210.0mm 297.0mm; }</style></head>é");
+    EXPECT_EQ(FolderItems(folder.path.string()), std::vector<std::string>{folder.At("render")});
+}
+
+TEST(PdfSheet, AMissingOrFailingRendererOrSpoolerIsAMessage) {
+    const TempFolder folder("pdf-fail");
+    const struct { std::string program, failure; } cases[] = {
+        {"/nonexistent/chromium", "The PDF cannot be made: its renderer, Chromium, is not installed. Install the Debian package chromium."},
+        {folder.Write("not-executable", "x"), "The PDF cannot be made: its renderer, Chromium, is not installed. Install the Debian package chromium."},
+        {Program(folder, "fails", "echo noise; echo 'bad page' >&2; exit 3"), "The PDF cannot be made: " + folder.At("fails") + " failed. bad page"},
+        {Program(folder, "silent", "exit 0"), "The PDF cannot be made: " + folder.At("silent") + " failed."},
+    };
+    for (const auto& c : cases) {
+        const ScopedEnv renderer("ZEPHALON_PDF_RENDERER", c.program);
+        const PdfResult made = RenderPdf("<p/>", kA4, folder.path.string());
+        EXPECT_EQ(made.pdf + made.failure, c.failure);
+    }
+    EXPECT_EQ(RenderPdf("<p/>", kA4, "/nonexistent").failure, "The PDF cannot be made: no working folder in /nonexistent.");
+
+    Program(folder, "lp", "echo \"$@\" > " + folder.At("spooled") + "; [ \"$2\" = Office ] || { echo 'lp: no such printer'; exit 1; }");
+    const ScopedEnv path("PATH", folder.path.string() + ":/usr/bin:/bin");
+    EXPECT_EQ(PrintPdfFile("/tmp/a b.pdf", "Office", 2), "");
+    EXPECT_EQ(ReadWholeFile(folder.At("spooled")), "-d Office -n 2 /tmp/a b.pdf\n");
+    EXPECT_EQ(PrintPdfFile("/tmp/a.pdf", "Attic", 1), "The sheet could not be sent to Attic. lp: no such printer");
+    const ScopedEnv noPath("PATH", "/nonexistent");
+    EXPECT_EQ(PrintPdfFile("/tmp/a.pdf", "Office", 1),
+              "The sheet cannot be printed: the print command lp is not installed. Install the Debian package cups-client.");
+}
+
+TEST(PdfSheet, ProgramsAreFoundOnThePathAndTheirOutputKept) {
+    const TempFolder folder("programs");
+    Program(folder, "hello", "echo out; printf %4093s err >&2; exit 4");  // more than one read
+    const ScopedEnv path("PATH", "/nonexistent::" + folder.path.string());
+    const auto here = std::filesystem::current_path();  // an empty entry is not the current folder
+    std::filesystem::current_path(folder.path);
+    EXPECT_EQ(FindProgram("hello"), folder.At("hello"));
+    const ScopedEnv emptyEntry("PATH", ":/nonexistent:");
+    EXPECT_EQ(FindProgram("hello") + FindProgram("sh") + FindProgram(""), "");
+    std::filesystem::current_path(here);
+    const ProgramRun run = RunProgram({folder.At("hello")}, 10);
+    EXPECT_EQ(Str(run.started) + " " + Str(run.status) + " " + run.output, "1 4 out\n" + std::string(4090, ' ') + "err");
+    EXPECT_FALSE(RunProgram({folder.At("none")}, 10).started);
+    EXPECT_EQ(RunProgram({"/bin/cat"}, 10).status, 0);  // its input is empty, never the caller's
+    EXPECT_EQ(RunProgram({"/bin/sleep", "5"}, 0).status, -1);  // killed when its time is up
+}
+
+TEST_F(SheetTest, ThePdfExportShowsTheHtmlSheetAndSavesItsPdf) {
+    const TempFolder folder("pdf-export");
+    ScriptedPlatform scripted(folder.path.string(), ZEPHALON_SOURCE_DIR "/data/stylesheets", folder.path.string());
+    CharacterSheet character(data, scripted, SheetOperations());
+    character.NameField.SetText("Ann");
+    ExportWindow exporter(character);
+    exporter.PopupMenu1.SetText("HTML");
+    const std::string html = exporter.EditField1.Text();
+    exporter.PopupMenu1.SetText("PDF");
+    EXPECT_TRUE(exporter.EditField1.Text() == html && exporter.SaveButton.Value() && exporter.PreviewButton.Visible());
+
+    exporter.pdfPage = kLetter;
+    const ScopedEnv renderer("ZEPHALON_PDF_RENDERER", Program(folder, "render", kEchoRenderer));
+    scripted.QueueAnswer(folder.At("a.b.txt"));
+    exporter.SaveButton_Action();
+    EXPECT_EQ(scripted.Transcript().end()[-4], "dialog: save application/pdf Ann.pdf -> " + folder.At("a.b.txt"));
+    EXPECT_EQ(ReadWholeFile(folder.At("a.pdf")), "%PDF\n" + WithPageSize(html + "\n", kLetter));
+    EXPECT_EQ(scripted.Messages().back(), "Ann.pdf Saved.");
+    EXPECT_TRUE(scripted.OpenNotices().empty());
+
+    const ScopedEnv missing("ZEPHALON_PDF_RENDERER", "/nonexistent");
+    scripted.QueueAnswer(folder.At("b.pdf"));
+    exporter.SaveButton_Action();
+    EXPECT_NE(scripted.Messages().back().find("Install the Debian package chromium."), std::string::npos);
+    EXPECT_FALSE(IsExistingFile(folder.At("b.pdf")));
+}
+
+}  // namespace
+}  // namespace zeph::testing
