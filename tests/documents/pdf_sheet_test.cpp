@@ -1,6 +1,10 @@
 #include "documents/PdfSheet.h"
 
 #include <sys/stat.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <thread>
 
 #include "documents/ExportWindow.h"
 #include "platform/Programs.h"
@@ -86,8 +90,26 @@ TEST(PdfSheet, ProgramsAreFoundOnThePathAndTheirOutputKept) {
     const ProgramRun run = RunProgram({folder.At("hello")}, 10);
     EXPECT_EQ(Str(run.started) + " " + Str(run.status) + " " + run.output, "1 4 out\n" + std::string(4090, ' ') + "err");
     EXPECT_FALSE(RunProgram({folder.At("none")}, 10).started);
-    EXPECT_EQ(RunProgram({"/bin/cat"}, 10).status, 0);  // its input is empty, never the caller's
     EXPECT_EQ(RunProgram({"/bin/sleep", "5"}, 0).status, -1);  // killed when its time is up
+    // Its input is empty, never the caller's, even where the caller reads a pipe.
+    int pipeEnds[2];
+    ASSERT_EQ(::pipe(pipeEnds), 0);
+    const int ownInput = ::dup(0);
+    ::dup2(pipeEnds[0], 0);
+    const ProgramRun input = RunProgram({"/bin/sh", "-c", "/usr/bin/readlink /proc/self/fd/0"}, 10);
+    ::dup2(ownInput, 0);
+    for (int end : {ownInput, pipeEnds[0], pipeEnds[1]}) ::close(end);
+    EXPECT_EQ(input.output, "/dev/null\n");
+    // What it leaves running (a browser's helpers) goes with it.
+    const ProgramRun parent = RunProgram({"/bin/sh", "-c", "/bin/sleep 30 & echo $!"}, 10);
+    const std::string helper = "/proc/" + parent.output.substr(0, parent.output.find('\n')) + "/stat";
+    std::string state = "R";
+    for (int wait = 0; wait < 100 && state != "Z" && state != ""; ++wait) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        const std::string stat = ReadWholeFile(helper).value_or("");
+        state = stat.empty() ? "" : stat.substr(stat.find(')') + 2, 1);
+    }
+    EXPECT_TRUE(state == "Z" || state.empty()) << "the helper is " << state;
 }
 
 TEST_F(SheetTest, ThePdfExportShowsTheHtmlSheetAndSavesItsPdf) {
