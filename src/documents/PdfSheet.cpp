@@ -61,10 +61,7 @@ std::string WithPageSize(const std::string& html, const PageSize& page) {
     return at == std::string::npos ? rule + html : html.substr(0, at) + rule + html.substr(at);
 }
 
-std::string FindPdfRenderer() {
-    const char* chosen = std::getenv("ZEPHALON_PDF_RENDERER");
-    return FindProgram(chosen && *chosen ? chosen : "chromium");
-}
+std::string FindPdfRenderer() { return FindProgram("chromium"); }
 
 PdfResult RenderPdf(const std::string& html, const PageSize& page, const std::string& temporaryFolder) {
     const std::string renderer = FindPdfRenderer();

@@ -23,7 +23,7 @@ PageSize LocalePageSize();
 // `html` with an @page rule of the size, which wins over any the sheet sets before it.
 std::string WithPageSize(const std::string& html, const PageSize& page);
 
-// The renderer: $ZEPHALON_PDF_RENDERER when set, else chromium on the PATH; "" when missing.
+// The renderer: chromium on the PATH; "" when missing.
 std::string FindPdfRenderer();
 
 struct PdfResult {

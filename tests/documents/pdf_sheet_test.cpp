@@ -46,22 +46,27 @@ TEST(PdfSheet, PageSizesByNameAndAsACssRuleBeforeTheHeadEnds) {
 
 TEST(PdfSheet, TheRendererGetsTheSheetOnItsPageAndLeavesNothingBehind) {
     const TempFolder folder("pdf-render");
-    const ScopedEnv renderer("ZEPHALON_PDF_RENDERER", Program(folder, "render", kEchoRenderer)), tmp("TMPDIR", folder.path.string());
+    Program(folder, "chromium", kEchoRenderer);
+    const ScopedEnv path("PATH", folder.path.string() + ":/usr/bin:/bin"), tmp("TMPDIR", folder.path.string());
     const PdfResult made = RenderPdf("<head></head>é", kA4, folder.path.string());
     EXPECT_EQ(made.pdf + made.failure, "%PDF\n<head><style>@page { size: 210.0mm 297.0mm; }</style></head>é");
-    EXPECT_EQ(FolderItems(folder.path.string()), std::vector<std::string>{folder.At("render")});
+    EXPECT_EQ(FolderItems(folder.path.string()), std::vector<std::string>{folder.At("chromium")});
 }
 
 TEST(PdfSheet, AMissingOrFailingRendererOrSpoolerIsAMessage) {
-    const TempFolder folder("pdf-fail");
-    const struct { std::string program, failure; } cases[] = {
-        {"/nonexistent/chromium", "The PDF cannot be made: its renderer, Chromium, is not installed. Install the Debian package chromium."},
-        {folder.Write("not-executable", "x"), "The PDF cannot be made: its renderer, Chromium, is not installed. Install the Debian package chromium."},
-        {Program(folder, "fails", "echo noise; echo 'bad page' >&2; exit 3"), "The PDF cannot be made: " + folder.At("fails") + " failed. bad page"},
-        {Program(folder, "silent", "exit 0"), "The PDF cannot be made: " + folder.At("silent") + " failed."},
+    const TempFolder folder("pdf-fail"), unusable("pdf-unusable"), failing("pdf-failing"), silent("pdf-silent");
+    unusable.Write("chromium", "x");
+    Program(failing, "chromium", "echo noise; echo 'bad page' >&2; exit 3");
+    Program(silent, "chromium", "exit 0");
+    const std::string missing = "The PDF cannot be made: its renderer, Chromium, is not installed. Install the Debian package chromium.";
+    const struct { std::string path, failure; } cases[] = {
+        {"/nonexistent", missing},
+        {unusable.path.string(), missing},
+        {failing.path.string(), "The PDF cannot be made: " + failing.At("chromium") + " failed. bad page"},
+        {silent.path.string(), "The PDF cannot be made: " + silent.At("chromium") + " failed."},
     };
     for (const auto& c : cases) {
-        const ScopedEnv renderer("ZEPHALON_PDF_RENDERER", c.program);
+        const ScopedEnv path("PATH", c.path);
         const PdfResult made = RenderPdf("<p/>", kA4, folder.path.string());
         EXPECT_EQ(made.pdf + made.failure, c.failure);
     }
@@ -124,7 +129,8 @@ TEST_F(SheetTest, ThePdfExportShowsTheHtmlSheetAndSavesItsPdf) {
     EXPECT_TRUE(exporter.EditField1.Text() == html && exporter.SaveButton.Value() && exporter.PreviewButton.Visible());
 
     exporter.pdfPage = kLetter;
-    const ScopedEnv renderer("ZEPHALON_PDF_RENDERER", Program(folder, "render", kEchoRenderer));
+    Program(folder, "chromium", kEchoRenderer);
+    const ScopedEnv renderer("PATH", folder.path.string() + ":/usr/bin:/bin");
     scripted.QueueAnswer(folder.At("a.b.txt"));
     exporter.SaveButton_Action();
     EXPECT_EQ(scripted.Transcript().end()[-4], "dialog: save application/pdf Ann.pdf -> " + folder.At("a.b.txt"));
@@ -132,7 +138,7 @@ TEST_F(SheetTest, ThePdfExportShowsTheHtmlSheetAndSavesItsPdf) {
     EXPECT_EQ(scripted.Messages().back(), "Ann.pdf Saved.");
     EXPECT_TRUE(scripted.OpenNotices().empty());
 
-    const ScopedEnv missing("ZEPHALON_PDF_RENDERER", "/nonexistent");
+    const ScopedEnv missing("PATH", "/nonexistent");
     scripted.QueueAnswer(folder.At("b.pdf"));
     exporter.SaveButton_Action();
     EXPECT_NE(scripted.Messages().back().find("Install the Debian package chromium."), std::string::npos);
