@@ -43,7 +43,7 @@ ProgramRun RunProgram(const std::vector<std::string>& arguments, int timeoutSeco
     // What it prints goes to a file, not a pipe, so a chatty program never blocks on it.
     std::string outputPath = (std::filesystem::temp_directory_path() / "zephalon-program-XXXXXX").string();
     const int outputFile = ::mkstemp(outputPath.data());
-    if (outputFile == -1) return run;
+    if (outputFile < 0) return run;
     ::unlink(outputPath.c_str());
 
     posix_spawn_file_actions_t files;

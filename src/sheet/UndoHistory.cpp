@@ -27,7 +27,7 @@ void UndoHistory::Begin(const std::string& name, const std::string& typingInto) 
     noteSaved();
     const bool goesOn = typing_ && !typingInto.empty() && !done_.empty() &&
                         done_.back()->typingInto == typingInto &&
-                        savedAt_ != static_cast<long>(done_.size());
+                        savedAt_ != done_.size();
     if (goesOn) {
         open_ = std::move(done_.back());
         done_.pop_back();
@@ -42,12 +42,12 @@ void UndoHistory::End() {
     typing_ = !step->typingInto.empty();
     if (step->items.empty() && step->state == state_) return;
     step->keptSaved = step->keptSaved && savedChar_;
-    if (savedAt_ > static_cast<long>(done_.size())) savedAt_ = -1;
+    if (savedAt_ > done_.size()) savedAt_.reset();
     undone_.clear();
     done_.push_back(std::move(step));
     if (done_.size() > kDepth) {
         done_.pop_front();
-        --savedAt_;
+        if (savedAt_) savedAt_ = *savedAt_ > 0 ? std::optional(*savedAt_ - 1) : std::nullopt;
     }
 }
 
@@ -67,8 +67,8 @@ bool UndoHistory::Undo() {
     std::unique_ptr<Step> step = std::move(done_.back());
     done_.pop_back();
     trade(*step);
-    if (step->keptSaved && savedChar_) savedAt_ = static_cast<long>(done_.size());
-    savedChar_ = savedAt_ == static_cast<long>(done_.size());
+    if (step->keptSaved && savedChar_) savedAt_ = done_.size();
+    savedChar_ = savedAt_ == done_.size();
     undone_.push_back(std::move(step));
     return true;
 }
@@ -80,8 +80,8 @@ bool UndoHistory::Redo() {
     undone_.pop_back();
     trade(*step);
     done_.push_back(std::move(step));
-    if (done_.back()->keptSaved && savedChar_) savedAt_ = static_cast<long>(done_.size());
-    savedChar_ = savedAt_ == static_cast<long>(done_.size());
+    if (done_.back()->keptSaved && savedChar_) savedAt_ = done_.size();
+    savedChar_ = savedAt_ == done_.size();
     return true;
 }
 
@@ -91,7 +91,7 @@ void UndoHistory::Clear() {
     open_.reset();
     depth_ = 0;
     typing_ = false;
-    savedAt_ = -1;
+    savedAt_.reset();
 }
 
 void UndoHistory::trade(Step& step) {
@@ -104,7 +104,7 @@ void UndoHistory::trade(Step& step) {
 }
 
 void UndoHistory::noteSaved() {
-    if (savedChar_) savedAt_ = static_cast<long>(done_.size());
+    if (savedChar_) savedAt_ = done_.size();
 }
 
 }  // namespace zeph

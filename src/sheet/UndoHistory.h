@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <deque>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -60,8 +61,8 @@ private:
     std::unique_ptr<Step> open_;
     int depth_ = 0;
     bool typing_ = false;
-    // How many steps are done when the sheet is as saved; -1 when no place is.
-    long savedAt_ = -1;
+    // How many steps are done when the sheet is as saved; none when no place is.
+    std::optional<std::size_t> savedAt_;
 };
 
 }  // namespace zeph

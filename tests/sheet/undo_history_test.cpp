@@ -22,6 +22,7 @@ TEST_F(UndoHistoryTest, KeepsTheLastTwoHundredStepsEachWhole) {
     while (sheet->history.Undo()) ++undone;
     EXPECT_EQ(undone, 200);
     EXPECT_EQ(sheet->HairField.Text(), "1") << "the first step fell out of the history";
+    EXPECT_FALSE(sheet->savedChar) << "and the fresh sheet with it";
     EXPECT_EQ(sheet->history.RedoName(), "Step 2");
     // A step that changes nothing is none; one that fails halfway is one all the same.
     RunStep(*sheet, "Nothing", [] {});
