@@ -110,6 +110,9 @@ TEST_F(UndoHistoryTest, EveryChangeOfEveryItemIsTakenBack) {
         EXPECT_EQ(held(), before) << "change " << i;
     }
     EXPECT_THROW(choice.SetListIndex(-2), std::out_of_range);
+    choice.SetListIndex(0);
+    choice.SetText("Nowhere");  // a choice holds one of its rows or nothing
+    EXPECT_EQ(choice.Text() + std::to_string(choice.ListIndex()), "-1");
 }
 
 // Saved after a step and undone at once, the sheet is no longer what the file holds.
@@ -119,5 +122,14 @@ TEST_F(UndoHistoryTest, TheSavedMarkFollowsASaveMadeBetweenSteps) {
     sheet->history.Undo();
     EXPECT_FALSE(sheet->savedChar);
     sheet->history.Redo();
+    EXPECT_TRUE(sheet->savedChar);
+    // Saved with a step taken back, the saved place is there, not where the steps began.
+    RunStep(*sheet, "Eyes", [&] { sheet->EyesField.SetText("grey"); });
+    sheet->history.Undo();
+    sheet->history.Undo();
+    sheet->savedChar = true;  // saved here
+    sheet->history.Redo();
+    EXPECT_FALSE(sheet->savedChar);
+    sheet->history.Undo();
     EXPECT_TRUE(sheet->savedChar);
 }
