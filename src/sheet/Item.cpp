@@ -412,7 +412,6 @@ bool ListItem::CellBold(int rowIndex, int column) const {
 
 void ListItem::SetCellBold(int rowIndex, int column, bool bold) {
     checkColumn(column);
-    checkRow(rowIndex);
     willChange();
     changeRow(rowIndex).bold[static_cast<std::size_t>(column)] = bold;
     Notify(ItemChange::Bold);

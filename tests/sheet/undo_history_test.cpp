@@ -110,6 +110,9 @@ TEST_F(UndoHistoryTest, EveryChangeOfEveryItemIsTakenBack) {
         EXPECT_EQ(held(), before) << "change " << i;
     }
     EXPECT_THROW(choice.SetListIndex(-2), std::out_of_range);
+    notes.SetSelection(2, 5);
+    notes.SetText("Kee");  // a shorter text takes the selection with it
+    EXPECT_EQ(notes.SelStart() * 10 + notes.SelLength(), 21);
     choice.SetListIndex(0);
     choice.SetText("Nowhere");  // a choice holds one of its rows or nothing
     EXPECT_EQ(choice.Text() + std::to_string(choice.ListIndex()), "-1");
