@@ -34,7 +34,12 @@ TEST_F(DataLoading, PreferencesRoundTripKeepingOrderAndTheSeparator) {
     folder.Write(kPreferencesFileName, "old");
     data.SaveDataFilePreferences(platform);
     EXPECT_EQ(*ReadWholeFile(prefsPath), "old") << "nothing is written without a data file path";
+    EXPECT_EQ(App(data, platform).GetDataFile(), "");  // preferences that are not XML are told
+    ASSERT_EQ(platform.Messages().size(), 1u);
+    EXPECT_EQ(platform.Messages()[0], "Start tag expected, '<' not found\n At node: " + prefsPath + " on: 1");
     data.datafilepath = folder.Write("rules.xml", kRules);
+    for (int load = 0; load < 2; ++load) ASSERT_TRUE(app.LoadDataFile(data.datafilepath));
+    EXPECT_EQ(data.referenceTables, (Lines{"Ranges", "Levels"})) << "each load anew";
     data.knowndatafiles = {std::string("Sample\rsample.xml\r/a/sample.xml"),
                            std::string("Mine & yours\rmine.xml\r/b/\"mine\".xml")};
     data.recentItemsName = {"vera.xml", "olaf.xml"};
