@@ -77,3 +77,11 @@ TEST_F(DataLoading, AStoredPathThatCannotBeLoaded) {
         EXPECT_EQ(loaded.xdata->Query("//zephalondata").Empty(), !done);
     }
 }
+
+// The user guide missing beside the program: told, and then found where the user points.
+TEST_F(DataLoading, TheUserGuideIsSoughtWhereTheUserPointsWhenItIsMissing) {
+    platform.QueueAnswer(folder.path.string());
+    app.HelpHelp_Action();
+    ASSERT_EQ(platform.Messages().size(), 1u);
+    EXPECT_EQ(platform.Transcript().back(), "url: file://" + folder.At("index.html"));
+}
