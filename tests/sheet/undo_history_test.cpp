@@ -41,6 +41,11 @@ TEST_F(UndoHistoryTest, KeepsTheLastTwoHundredStepsEachWhole) {
 TEST_F(UndoHistoryTest, RowsSharedWithEarlierStepsStayAsThoseStepsLeftThem) {
     ListItem& list = sheet->SkillListBox;
     for (const char* name : {"Climbing", "Riding", "Sailing"}) list.AddRow(name);
+    list.SetListIndex(0);
+    list.MoveRow(0, 2);  // a row moved keeps its selection
+    EXPECT_EQ(list.ListIndex(), 2);
+    list.MoveRow(2, 0);
+    list.SetListIndex(-1);
     RunStep(*sheet, "One", [&] { list.SetCell(1, 1, "2"); });
     RunStep(*sheet, "Two", [&] {
         list.SetCell(1, 1, "3");

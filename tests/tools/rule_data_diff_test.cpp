@@ -74,6 +74,10 @@ TEST(DiffData, BadInputIsAMessageAndStatusTwo) {
         EXPECT_EQ(run.err.substr(0, message.size()), message);
         EXPECT_EQ(run.out, "");
     }
+    // A character with no type chosen yet is no stranger to any file.
+    std::string untyped = ReadWholeFile(kCharacter).value();
+    untyped.replace(untyped.find("type=\"Wanderer\""), 15, "type=\"\"");
+    EXPECT_NE(diffData({kOld, kNew, folder.Write("untyped.xml", untyped)}).status, 2);
 }
 
 class DataSwitchReport : public testing::SheetTest {};
