@@ -1,6 +1,5 @@
-# A player takes slips back and does them again: every kind of step reads exactly as before when
-# undone ("expect changed" with nothing after it), figures, rows, choice lists and the saved mark
-# included. "sheet" marks the state that the next "expect changed" compares with.
+# Every kind of step, undone, reads exactly as before ("expect changed" with nothing after it,
+# against the state "sheet" marks), figures, rows, choice lists and the saved mark included.
 data tests/data/purchase_rules.xml
 expect undo 
 # A type chosen, taken back: the choice list it filled empties again.
@@ -82,8 +81,7 @@ undo
 expect NameField Vesna
 undo
 expect changed 
-# The saved mark: back to saved when undone to the saved state, and off again by redo; a step
-# that left it on (the in-play flag) leaves it on when taken back.
+# The saved mark follows undo and redo; a step that left it on (the in-play flag) leaves it on.
 save /tmp/zephalon-undo-script.xml
 flag CharacterInPlayBox on
 expect savedChar true

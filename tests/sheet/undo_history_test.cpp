@@ -85,11 +85,10 @@ TEST_F(UndoHistoryTest, EveryChangeOfEveryItemIsTakenBack) {
     const auto held = [&] {
         std::string all = notes.Text() + "/" + std::to_string(notes.SelStart()) + "," +
                           std::to_string(notes.SelLength()) + "/" + choice.Text() + ":" +
-                          std::to_string(choice.ListCount()) + "/" + (sheet->CharacterInPlayBox.Value() ? "in" : "out") +
-                          "/" + std::to_string(list.ColumnCount()) + list.Heading(0) +
+                          std::to_string(choice.ListCount()) + (sheet->CharacterInPlayBox.Value() ? "in" : "out") +
+                          std::to_string(list.ColumnCount()) + list.Heading(0) +
                           list.ColumnWidths() + std::to_string(list.ShownColumns()) +
-                          (list.ColumnCentred(1) ? "c" : "") + (list.Visible() ? "v" : "") +
-                          (list.Enabled() ? "e" : "");
+                          (list.ColumnCentred(1) ? "c" : "") + (list.Visible() ? "v" : "") + (list.Enabled() ? "e" : "");
         for (int r = 0; r < list.ListCount(); ++r)
             all += "|" + list.Cell(r, 0) + (list.Selected(r) ? "*" : "") +
                    (list.CellBold(r, 0) ? "b" : "");

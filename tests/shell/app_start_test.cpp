@@ -155,9 +155,7 @@ TEST_F(AppStart, UndoAndRedoTakeWholeStepsOfTheSheet) {
     action("EditUndo")->trigger();
     EXPECT_EQ(rows(), 0);
     EXPECT_EQ(widget<QLineEdit>("QualityField")->text().toStdString(), "0/20");
-    action("EditUndo")->trigger();  // the arrow
-    action("EditUndo")->trigger();  // the quality chosen
-    action("EditUndo")->trigger();  // its type
+    for (int step = 0; step < 3; ++step) action("EditUndo")->trigger();  // arrow, quality, type
     EXPECT_EQ(undoCaption(), "Undo Place Free Point on Strength");
     action("EditUndo")->trigger();
     EXPECT_EQ(widget<QLabel>("StrengthBonus")->text(), "0");
@@ -166,8 +164,7 @@ TEST_F(AppStart, UndoAndRedoTakeWholeStepsOfTheSheet) {
     action("EditUndo")->trigger();
     EXPECT_EQ(strength->text(), "");
     EXPECT_EQ(widget<QLineEdit>("StrengthTotal")->text(), "0");
-    action("EditUndo")->trigger();  // the choice within the type
-    action("EditUndo")->trigger();
+    for (int step = 0; step < 2; ++step) action("EditUndo")->trigger();  // the choice, the type
     EXPECT_EQ(widget<QComboBox>("ChooseCharPopup")->count(), 0);
     EXPECT_TRUE(sheet().savedChar);
     EXPECT_EQ(undoCaption(), "&Undo");
