@@ -61,26 +61,19 @@ std::string UndoHistory::UndoName() const { return done_.empty() ? "" : done_.ba
 
 std::string UndoHistory::RedoName() const { return undone_.empty() ? "" : undone_.back()->name; }
 
-bool UndoHistory::Undo() {
-    if (depth_ > 0 || done_.empty()) return false;
-    noteSaved();
-    std::unique_ptr<Step> step = std::move(done_.back());
-    done_.pop_back();
-    trade(*step);
-    if (step->keptSaved && savedChar_) savedAt_ = done_.size();
-    savedChar_ = savedAt_ == done_.size();
-    undone_.push_back(std::move(step));
-    return true;
-}
+bool UndoHistory::Undo() { return takeStep(done_, undone_); }
 
-bool UndoHistory::Redo() {
-    if (depth_ > 0 || undone_.empty()) return false;
+bool UndoHistory::Redo() { return takeStep(undone_, done_); }
+
+bool UndoHistory::takeStep(Steps& from, Steps& to) {
+    if (depth_ > 0 || from.empty()) return false;
     noteSaved();
-    std::unique_ptr<Step> step = std::move(undone_.back());
-    undone_.pop_back();
+    std::unique_ptr<Step> step = std::move(from.back());
+    from.pop_back();
     trade(*step);
-    done_.push_back(std::move(step));
-    if (done_.back()->keptSaved && savedChar_) savedAt_ = done_.size();
+    const bool keptSaved = step->keptSaved;
+    to.push_back(std::move(step));
+    if (keptSaved && savedChar_) savedAt_ = done_.size();
     savedChar_ = savedAt_ == done_.size();
     return true;
 }

@@ -47,7 +47,11 @@ public:
 
 private:
     struct Step;
+    using Steps = std::deque<std::unique_ptr<Step>>;
     void touched(Item& item);
+    // Takes the last step of `from` to `to`, trading it with the sheet; the saved mark then says
+    // whether the sheet stands where it was saved.
+    bool takeStep(Steps& from, Steps& to);
     // Trades what the step set aside for what the sheet holds.
     void trade(Step& step);
     // The saved mark's place among the steps, when the sheet is as saved now.
@@ -56,8 +60,8 @@ private:
     ItemRegistry& items_;
     SheetWorkingState& state_;
     bool& savedChar_;
-    std::deque<std::unique_ptr<Step>> done_;
-    std::vector<std::unique_ptr<Step>> undone_;
+    Steps done_;
+    Steps undone_;
     std::unique_ptr<Step> open_;
     int depth_ = 0;
     bool typing_ = false;
