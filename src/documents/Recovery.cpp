@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <optional>
 #include <regex>
 
 #include "documents/CharacterFile.h"
@@ -24,11 +25,11 @@ void removeCopy(const std::string& copyPath) {
     std::filesystem::remove(boundPathFile(copyPath), ignored);
 }
 
-// The number of the process that wrote the copy of this file name; 0 for any other file.
-pid_t writerOf(const std::string& fileName) {
+// The number of the process that wrote the copy of this file name; none for any other file.
+std::optional<pid_t> writerOf(const std::string& fileName) {
     static const std::regex copyName(R"(recovery-(\d{1,9})-\d+\.xml)");
     std::smatch match;
-    if (!std::regex_match(fileName, match, copyName)) return 0;
+    if (!std::regex_match(fileName, match, copyName)) return std::nullopt;
     return static_cast<pid_t>(std::stol(match[1]));
 }
 
@@ -66,8 +67,8 @@ void RemoveRecoveryCopy(CharacterSheet& sheet) {
 std::vector<LeftBehindCopy> FindLeftBehindCopies(const std::string& folder) {
     std::vector<LeftBehindCopy> copies;
     for (const std::string& path : FolderItems(folder)) {
-        const pid_t writer = writerOf(std::filesystem::path(path).filename().string());
-        if (writer > 0 && !isRunning(writer))
+        const auto writer = writerOf(std::filesystem::path(path).filename().string());
+        if (writer && !isRunning(*writer))
             copies.push_back({path, ReadWholeFile(boundPathFile(path)).value_or("")});
     }
     return copies;

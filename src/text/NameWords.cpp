@@ -11,9 +11,10 @@ std::vector<std::string> NameWords(std::string_view name) {
     const auto digit = [](char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0; };
     std::vector<std::string> words;
     std::string word;
-    for (std::size_t i = 0; i < name.size(); ++i) {
-        const char c = name[i], before = i ? name[i - 1] : '\0',
-                   after = i + 1 < name.size() ? name[i + 1] : '\0';
+    // A blank at each end gives every letter a neighbour on both sides.
+    const std::string padded = '\0' + std::string(name) + '\0';
+    for (std::size_t i = 1; i + 1 < padded.size(); ++i) {
+        const char c = padded[i], before = padded[i - 1], after = padded[i + 1];
         const bool starts = (upper(c) && (lower(before) || digit(before) ||
                                           (upper(before) && lower(after)))) ||
                             (digit(c) && (lower(before) || upper(before))) || c == '_';
