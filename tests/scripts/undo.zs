@@ -99,3 +99,8 @@ undo
 expect savedChar false
 redo
 expect savedChar true
+# A character loaded into the sheet leaves nothing to take back or do again.
+undo
+do LoadXMLCharSheet /tmp/zephalon-undo-script.xml
+expect undo 
+expect redo 

@@ -66,15 +66,25 @@ std::string unnamedControls(QWidget& window) {
     return report;
 }
 
-TEST(Accessibility, EveryControlOfEveryWindowHasANameOfItsOwn) {
-    test::GuiTestApp();
+// A character window on the sample rule data, its menus in place.
+class Accessibility : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(app.LoadDataFile(ZEPHALON_SOURCE_DIR "/data/rules/sample.xml"));
+        charWindow = std::make_unique<CharWindow>(
+            std::make_unique<CharacterSheet>(data, platform, SheetOperations()));
+        charWindow->InstallMenus(menus);
+    }
+    QApplication& gui = test::GuiTestApp();
     ScriptedPlatform platform{"/nonexistent-prefs", "", "/tmp"};
     DataModule data;
     App app{data, platform};
-    ASSERT_TRUE(app.LoadDataFile(ZEPHALON_SOURCE_DIR "/data/rules/sample.xml"));
-    CharWindow window(std::make_unique<CharacterSheet>(data, platform, SheetOperations()));
     const MenuSources menus{nullptr, [] { return std::vector<std::string>{}; }, {}};
-    window.InstallMenus(menus);
+    std::unique_ptr<CharWindow> charWindow;
+};
+
+TEST_F(Accessibility, EveryControlOfEveryWindowHasANameOfItsOwn) {
+    CharWindow& window = *charWindow;
     EXPECT_EQ(unnamedControls(window), "");
     // A free point is placed from the keyboard as by a click.
     window.Sheet().physicalBonus = 1;
@@ -111,14 +121,8 @@ TEST(Accessibility, EveryControlOfEveryWindowHasANameOfItsOwn) {
 
 // The Tab key walks each tab as it reads: down a column, along a row, then up into the next
 // column to the right, never back up or to the left.
-TEST(Accessibility, TheTabKeyFollowsTheReadingOrderOfEveryTab) {
-    test::GuiTestApp();
-    ScriptedPlatform platform{"/nonexistent-prefs", "", "/tmp"};
-    DataModule data;
-    App app{data, platform};
-    ASSERT_TRUE(app.LoadDataFile(ZEPHALON_SOURCE_DIR "/data/rules/sample.xml"));
-    CharWindow window(std::make_unique<CharacterSheet>(data, platform, SheetOperations()));
-    window.InstallMenus(MenuSources{nullptr, [] { return std::vector<std::string>{}; }, {}});
+TEST_F(Accessibility, TheTabKeyFollowsTheReadingOrderOfEveryTab) {
+    CharWindow& window = *charWindow;
     window.show();
     auto* tabs = window.findChild<QTabWidget*>();
     for (int tab = 0; tab < tabs->count(); ++tab) {
