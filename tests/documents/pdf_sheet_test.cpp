@@ -119,7 +119,11 @@ TEST(PdfSheet, ProgramsAreFoundOnThePathAndTheirOutputKept) {
 
 TEST_F(SheetTest, ThePdfExportShowsTheHtmlSheetAndSavesItsPdf) {
     const TempFolder folder("pdf-export");
-    ScriptedPlatform scripted(folder.path.string(), ZEPHALON_SOURCE_DIR "/data/stylesheets", folder.path.string());
+    // The sheet tells when it was made; a clock that stands still makes both makings one.
+    struct StillClock : ScriptedPlatform {
+        using ScriptedPlatform::ScriptedPlatform;
+        LocalDateTime Now() override { return {2026, 1, 2, 3, 4, 5}; }
+    } scripted(folder.path.string(), ZEPHALON_SOURCE_DIR "/data/stylesheets", folder.path.string());
     CharacterSheet character(data, scripted, SheetOperations());
     character.NameField.SetText("Ann");
     ExportWindow exporter(character);
