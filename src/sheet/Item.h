@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -213,12 +214,12 @@ public:
 
     // The layout a list may carry for its view: widths as set, pixels or percentages of the
     // list's width joined by "," ("90,120", "60%,40%"; "" leaves them to the view), centred
-    // columns, and how many columns from the first are shown (-1 leaves it to the view).
+    // columns, and how many columns from the first are shown (none leaves it to the view).
     const std::string& ColumnWidths() const { return columnWidths_; }
     void SetColumnWidths(const std::string& widths);
     bool ColumnCentred(int column) const;
     void SetColumnCentred(int column, bool centred);
-    int ShownColumns() const { return shownColumns_; }
+    std::optional<int> ShownColumns() const { return shownColumns_; }
     void SetShownColumns(int count);
 
     std::unique_ptr<Kept> Keep() const override;
@@ -248,7 +249,7 @@ private:
     std::vector<std::string> headings_;
     std::vector<bool> centred_;
     std::string columnWidths_;
-    int shownColumns_ = -1;
+    std::optional<int> shownColumns_;
     std::vector<SharedRow> rows_;
     std::vector<bool> selected_;  // beside the rows: choosing a row copies none
     int lastIndex_ = -1;

@@ -302,8 +302,7 @@ class ListBinding : public ItemBinding {
 
   private:
     int shownColumns() const {
-        const int shown = item_.ShownColumns() >= 0 ? item_.ShownColumns() : 5;
-        return std::min(item_.ColumnCount(), shown);
+        return std::min(item_.ColumnCount(), item_.ShownColumns().value_or(5));
     }
 
     bool centred(int column) const {

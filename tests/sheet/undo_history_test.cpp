@@ -87,7 +87,7 @@ TEST_F(UndoHistoryTest, EveryChangeOfEveryItemIsTakenBack) {
                           std::to_string(notes.SelLength()) + "/" + choice.Text() + ":" +
                           std::to_string(choice.ListCount()) + (sheet->CharacterInPlayBox.Value() ? "in" : "out") +
                           std::to_string(list.ColumnCount()) + list.Heading(0) +
-                          list.ColumnWidths() + std::to_string(list.ShownColumns()) +
+                          list.ColumnWidths() + std::to_string(list.ShownColumns().value_or(-1)) +
                           (list.ColumnCentred(1) ? "c" : "") + (list.Visible() ? "v" : "") + (list.Enabled() ? "e" : "");
         for (int r = 0; r < list.ListCount(); ++r)
             all += "|" + list.Cell(r, 0) + (list.Selected(r) ? "*" : "") +

@@ -13,6 +13,7 @@
 #include "sheet/CharacterSheet.h"
 #include "shell/CharWindow.h"
 #include "shell/ExportView.h"
+#include "shell/ItemBinding.h"
 #include "shell/JournalView.h"
 #include "shell/PortraitView.h"
 #include "shell/ToolView.h"
@@ -64,6 +65,16 @@ std::string unnamedControls(QWidget& window) {
             report +=
                 "\"" + name.toStdString() + "\" names " + whats.join(", ").toStdString() + "\n";
     return report;
+}
+
+// A control is read by the words of its name, less those of its kind: a screen reader tells the kind.
+TEST(SpokenName, DropsTheKindNamesAChoiceAndSaysLevelForArrows) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"QualityPopup", "Quality choice"}, {"QualityField", "Quality"}, {"Popup", "Popup"},
+        {"QualityRecordButton", "Quality record"}, {"XPCostField", "XP cost"},
+        {"SkillUpDownArrows1", "Skill level"}, {"MetaUpDownArrows", "Meta level"},
+        {"UpDownArrows", "level"}, {"DownArrows", "Down arrows"}, {"NameFieldBox", "Name"}};
+    for (const auto& [name, spoken] : cases) EXPECT_EQ(SpokenName(name).toStdString(), spoken) << name;
 }
 
 // A character window on the sample rule data, its menus in place.

@@ -231,6 +231,20 @@ TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
 
     tree->topLevelItem(0)->setSelected(true);
     EXPECT_TRUE(list.Selected(0));
+    list.SetHeading(0, "Merit");  // headings follow, and fewer columns show fewer
+    list.SetColumnCount(3);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(tree->headerItem()->text(0) + QString::number(tree->columnCount()), "Merit3");
+
+    ComboItem& popup = sheet().QualityPopup;  // rows traded back, as many as before, in one go
+    for (const char* row : {"Sharp", "Keen"}) popup.AddRow(row);
+    const auto kept = popup.Keep();
+    popup.DeleteAllRows();
+    for (const char* row : {"Dull", "Keen"}) popup.AddRow(row);
+    QCoreApplication::processEvents();
+    popup.Trade(*kept);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(widget<QComboBox>("QualityPopup")->itemText(0), "Sharp");
 }
 
 TEST_F(AppStart, ClosingAsksCancelKeepsTheWindowSaveAndDontSaveCloseIt) {

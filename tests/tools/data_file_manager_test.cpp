@@ -51,7 +51,7 @@ TEST(LoadDataWindow, ListsRemovesAndLoadsTheKnownFiles) {
     EXPECT_EQ(shown(window->ListBox1), "One|one.xml, *Two|two.xml <, Gone|");
     EXPECT_TRUE(window->ListBox1.CellBold(1, 2) && window->PathText.Visible());
     // Name on 60% of the width, file name on 40%; the path shows below, not in the list.
-    EXPECT_EQ(Str(window->ListBox1.ShownColumns()) + " " + window->ListBox1.ColumnWidths(),
+    EXPECT_EQ(Str(window->ListBox1.ShownColumns().value_or(0)) + " " + window->ListBox1.ColumnWidths(),
               "2 60%,40%");
     EXPECT_EQ(window->PathText.Text(), "Path to folder-- " + two);
 
