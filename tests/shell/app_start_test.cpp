@@ -201,9 +201,13 @@ TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
     ASSERT_EQ(sheet().EquipmentField.Styled().runs.size(), 2u);
     EXPECT_TRUE(sheet().EquipmentField.Styled().runs[0].bold) << "the name stays bold";
     EXPECT_EQ(sheet().EquipmentField.Styled().runs[1].text, "\n15 m");
+    sheet().EquipmentField.SetStyled(StyledText{{StyleRun{"Lamp"}}});  // in place of what was
+    EXPECT_EQ(equipment->toPlainText(), "Lamp");
     widget<QPushButton>("ContactsButton")->click();  // a toggle shows what its operation left
     EXPECT_TRUE(widget<QPushButton>("ContactsButton")->isChecked());
     EXPECT_FALSE(widget<QPushButton>("NotesButton")->isChecked());
+    sheet().NotesButton.SetValue(true);  // and the sheet's own setting
+    EXPECT_TRUE(widget<QPushButton>("NotesButton")->isChecked());
     EXPECT_TRUE(widget<QTextEdit>("NotesField")->isHidden());
     widget<QCheckBox>("OptionalSkillPointBox")->click();
     EXPECT_TRUE(sheet().OptionalSkillPointBox.Value());
@@ -231,6 +235,8 @@ TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
 
     tree->topLevelItem(0)->setSelected(true);
     EXPECT_TRUE(list.Selected(0));
+    list.SetListIndex(1);  // a choice alone shows at once
+    EXPECT_TRUE(tree->topLevelItem(1)->isSelected() && !tree->topLevelItem(0)->isSelected());
     list.SetHeading(0, "Merit");  // headings follow, and fewer columns show fewer
     list.SetColumnCount(3);
     QCoreApplication::processEvents();
