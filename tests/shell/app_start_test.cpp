@@ -201,8 +201,19 @@ TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
     ASSERT_EQ(sheet().EquipmentField.Styled().runs.size(), 2u);
     EXPECT_TRUE(sheet().EquipmentField.Styled().runs[0].bold) << "the name stays bold";
     EXPECT_EQ(sheet().EquipmentField.Styled().runs[1].text, "\n15 m");
-    sheet().EquipmentField.SetStyled(StyledText{{StyleRun{"Lamp"}}});  // in place of what was
-    EXPECT_EQ(equipment->toPlainText(), "Lamp");
+    StyleRun lamp("Lamp");  // in place of what was, each style kept through the field
+    lamp.italic = lamp.underline = true;
+    lamp.font = "DejaVu Serif";
+    lamp.size = 14;
+    lamp.color = 0x336699;
+    sheet().EquipmentField.SetStyled(StyledText{{lamp, StyleRun{" oil"}}});
+    EXPECT_EQ(equipment->toPlainText(), "Lamp oil");
+    equipment->moveCursor(QTextCursor::End);
+    equipment->insertPlainText("!");
+    const std::vector<StyleRun>& runs = sheet().EquipmentField.Styled().runs;
+    ASSERT_EQ(runs.size(), 2u);
+    EXPECT_TRUE(runs[0].text == "Lamp" && runs[0].SameStyle(lamp) && !runs[0].bold);
+    EXPECT_TRUE(runs[1].text == " oil!" && runs[1].SameStyle(StyleRun()));
     widget<QPushButton>("ContactsButton")->click();  // a toggle shows what its operation left
     EXPECT_TRUE(widget<QPushButton>("ContactsButton")->isChecked());
     EXPECT_FALSE(widget<QPushButton>("NotesButton")->isChecked());
