@@ -1,23 +1,14 @@
 // What a screen reader finds in each window: every control a user can reach has a name of its
 // own, no two controls of one window share one, and the mouse-only bonus numbers take the
 // keyboard too.
-#include <gtest/gtest.h>
-
-#include <QtWidgets>
 #include <map>
 
-#include "app/App.h"
-#include "app/SheetOperations.h"
-#include "platform/ScriptedPlatform.h"
-#include "ruledata/DataModule.h"
-#include "sheet/CharacterSheet.h"
-#include "shell/CharWindow.h"
 #include "shell/ExportView.h"
 #include "shell/ItemBinding.h"
 #include "shell/JournalView.h"
 #include "shell/PortraitView.h"
 #include "shell/ToolView.h"
-#include "shell/gui_test_app.h"
+#include "shell/char_window_fixture.h"
 #include "tools/RandomSource.h"
 #include "tools/ReferenceTable.h"
 
@@ -77,25 +68,10 @@ TEST(SpokenName, DropsTheKindNamesAChoiceAndSaysLevelForArrows) {
     for (const auto& [name, spoken] : cases) EXPECT_EQ(SpokenName(name).toStdString(), spoken) << name;
 }
 
-// A character window on the sample rule data, its menus in place.
-class Accessibility : public ::testing::Test {
-protected:
-    void SetUp() override {
-        ASSERT_TRUE(app.LoadDataFile(ZEPHALON_SOURCE_DIR "/data/rules/sample.xml"));
-        charWindow = std::make_unique<CharWindow>(
-            std::make_unique<CharacterSheet>(data, platform, SheetOperations()));
-        charWindow->InstallMenus(menus);
-    }
-    QApplication& gui = test::GuiTestApp();
-    ScriptedPlatform platform{"/nonexistent-prefs", "", "/tmp"};
-    DataModule data;
-    App app{data, platform};
-    const MenuSources menus{nullptr, [] { return std::vector<std::string>{}; }, {}};
-    std::unique_ptr<CharWindow> charWindow;
-};
+using Accessibility = CharWindowTest;
 
 TEST_F(Accessibility, EveryControlOfEveryWindowHasANameOfItsOwn) {
-    CharWindow& window = *charWindow;
+    CharWindow& window = *window_;
     EXPECT_EQ(unnamedControls(window), "");
     // A free point is placed from the keyboard as by a click.
     window.Sheet().physicalBonus = 1;
@@ -108,18 +84,18 @@ TEST_F(Accessibility, EveryControlOfEveryWindowHasANameOfItsOwn) {
         "1/0");
 
     SystemRandom random;
-    ExportView exporting(window.Sheet(), menus, &window);
-    JournalView::OpenTheJournal(window.Sheet(), &window, menus);
-    PortraitView::Open(window.Sheet(), &window, menus);
+    ExportView exporting(window.Sheet(), menus_, &window);
+    JournalView::OpenTheJournal(window.Sheet(), &window, menus_);
+    PortraitView::Open(window.Sheet(), &window, menus_);
     std::vector<QWidget*> windows = {
         &exporting,
-        ShowDiceView(random, menus),
-        ShowLoadDataView(data, platform, app, menus),
-        ShowAboutView(data, menus),
-        ShowCheckUpdatesView(platform, "localhost", menus),
+        ShowDiceView(random, menus_),
+        ShowLoadDataView(data_, platform_, app_, menus_),
+        ShowAboutView(data_, menus_),
+        ShowCheckUpdatesView(platform_, "localhost", menus_),
         MakeDataSwitchDialog("Character: Ann", &window),
-        ShowReferenceView(ReferenceTableMenuItem_Action(*data.xdata, platform, "Success Levels"),
-                          menus)};
+        ShowReferenceView(ReferenceTableMenuItem_Action(*data_.xdata, platform_, "Success Levels"),
+                          menus_)};
     for (QWidget* other : QApplication::topLevelWidgets())
         if (dynamic_cast<JournalView*>(other) || dynamic_cast<PortraitView*>(other))
             windows.push_back(other);
@@ -133,7 +109,7 @@ TEST_F(Accessibility, EveryControlOfEveryWindowHasANameOfItsOwn) {
 // The Tab key walks each tab as it reads: down a column, along a row, then up into the next
 // column to the right, never back up or to the left.
 TEST_F(Accessibility, TheTabKeyFollowsTheReadingOrderOfEveryTab) {
-    CharWindow& window = *charWindow;
+    CharWindow& window = *window_;
     window.show();
     auto* tabs = window.findChild<QTabWidget*>();
     for (int tab = 0; tab < tabs->count(); ++tab) {
