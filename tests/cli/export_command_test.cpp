@@ -38,10 +38,10 @@ TEST(ExportCommand, MissingFilesAndBadArgumentsEndWithStatusTwo) {
     EXPECT_EQ(noCharacter.status, 2);
     EXPECT_EQ(noCharacter.err, "cannot read the character file /nonexistent/c.xml\n");
     EXPECT_EQ(Export("rtf", character).status, 2);
-    const std::string path = std::getenv("PATH");
-    ::setenv("PATH", "/nonexistent", 1);  // the renderer missing is told, not a crash
-    const Exported noRenderer = Export("pdf", character);
-    ::setenv("PATH", path.c_str(), 1);
+    const Exported noRenderer = [&] {
+        const testing::ScopedEnv path("PATH", "/nonexistent");  // the renderer missing is told, not a crash
+        return Export("pdf", character);
+    }();
     EXPECT_EQ(Str(noRenderer.status) + noRenderer.err, "2The PDF cannot be made: its renderer, Chromium, is not installed. Install the Debian package chromium.\n");
     EXPECT_EQ(Export("html", kSource + "/data/rules/sample.xml").status, 0);  // no character: blank
     const testing::TempFolder folder("not-xslt");

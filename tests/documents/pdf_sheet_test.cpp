@@ -13,14 +13,6 @@
 namespace zeph::testing {
 namespace {
 
-// Sets an environment variable for one test and puts back what it was; an empty one is unset.
-struct ScopedEnv {
-    ScopedEnv(const char* variable, const std::string& value) : name(variable), old(std::getenv(name) ? std::getenv(name) : "") { ::setenv(name, value.c_str(), 1); }
-    ~ScopedEnv() { old.empty() ? (void)::unsetenv(name) : (void)::setenv(name, old.c_str(), 1); }
-    const char* name;
-    std::string old;
-};
-
 // A stand-in program: a shell script made executable in the folder.
 std::string Program(const TempFolder& folder, const std::string& name, const std::string& body) {
     const std::string path = folder.Write(name, "#!/bin/sh\n" + body + "\n");

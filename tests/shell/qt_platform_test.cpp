@@ -8,26 +8,13 @@
 #include <filesystem>
 
 #include "shell/gui_test_app.h"
+#include "support/SheetFixture.h"
 #include "text/TextHelpers.h"
 
 namespace zeph {
 namespace {
 
-// Sets an environment variable for one test and puts the old value back.
-class ScopedEnv {
-  public:
-    ScopedEnv(const char* name, const QByteArray& value)
-        : name_(name), had_(qEnvironmentVariableIsSet(name)), old_(qgetenv(name)) {
-        value.isNull() ? qunsetenv(name) : qputenv(name, value);
-    }
-    ~ScopedEnv() { had_ ? qputenv(name_, old_) : qunsetenv(name_); }
-
-  private:
-    const char* name_;
-    bool had_;
-    QByteArray old_;
-};
-
+using testing::ScopedEnv;
 
 // A locale that writes "2,5" must change no number of the sheet. It is de_DE when installed,
 // else one made by localedef under a LOCPATH of our own.

@@ -5,9 +5,11 @@
 
 #include <unistd.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "cli/StateSnapshot.h"
@@ -18,6 +20,17 @@
 #include "text/TextHelpers.h"
 
 namespace zeph::testing {
+
+// Sets an environment variable for one scope and puts back what it was, or its absence.
+struct ScopedEnv {
+    ScopedEnv(const char* variable, const std::string& value) : name(variable) {
+        if (const char* had = std::getenv(name)) old = had;
+        ::setenv(name, value.c_str(), 1);
+    }
+    ~ScopedEnv() { old ? (void)::setenv(name, old->c_str(), 1) : (void)::unsetenv(name); }
+    const char* name;
+    std::optional<std::string> old;
+};
 
 // A folder of the test's own in the temporary folder, gone with the test.
 struct TempFolder {
