@@ -321,17 +321,18 @@ class ListBinding : public ItemBinding {
                                                  centred(column) ? Qt::AlignCenter : Qt::AlignLeft);
     }
 
-    // "90,120" in pixels, "60%,40%" in parts of the list's width; columns beyond keep theirs.
+    // "90,120" in pixels, "60%,40%" in parts of the list's width; columns beyond keep theirs, and
+    // widths beyond the columns shown go to none.
     void showLayout() {
         const QStringList widths = q(item_.ColumnWidths()).split(',', Qt::SkipEmptyParts);
-        for (int column = 0; column < widths.size() && column < shownColumns(); ++column) {
-            QString width = widths[column].trimmed();
+        for (int column = 0; const QString& given : widths) {
+            QString width = given.trimmed();
             const bool percent = width.endsWith('%');
             if (percent) width.chop(1);
             const int size = width.toInt();
             // The viewport follows the list's own resize later; the list's inside is there now.
             const int whole = tree_.contentsRect().width();
-            tree_.header()->resizeSection(column, percent ? whole * size / 100 : size);
+            tree_.header()->resizeSection(column++, percent ? whole * size / 100 : size);
         }
     }
 

@@ -64,7 +64,7 @@ TEST(SpokenName, DropsTheKindNamesAChoiceAndSaysLevelForArrows) {
         {"QualityPopup", "Quality choice"}, {"QualityField", "Quality"}, {"Popup", "Popup"},
         {"QualityRecordButton", "Quality record"}, {"XPCostField", "XP cost"},
         {"SkillUpDownArrows1", "Skill level"}, {"MetaUpDownArrows", "Meta level"},
-        {"UpDownArrows", "level"}, {"DownArrows", "Down arrows"}, {"NameFieldBox", "Name"}};
+        {"UpDownArrows", "level"}, {"DownArrows", "Down arrows"}, {"NameFieldBox", "Name"}, {"Box", "Box"}};
     for (const auto& [name, spoken] : cases) EXPECT_EQ(SpokenName(name).toStdString(), spoken) << name;
 }
 

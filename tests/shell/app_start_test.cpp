@@ -183,6 +183,10 @@ TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
     list.SetColumnCount(3);
     QCoreApplication::processEvents();
     EXPECT_EQ(tree->headerItem()->text(0) + QString::number(tree->columnCount()), "Merit3");
+    tree->resize(400, 100);  // widths in parts of the list's inside or in pixels
+    list.SetColumnWidths("50%,60,70,80");
+    EXPECT_EQ(tree->header()->sectionSize(0) * 1000 + tree->header()->sectionSize(1),
+              tree->contentsRect().width() / 2 * 1000 + 60);
 
     ComboItem& popup = sheet().QualityPopup;  // rows traded back, as many as before, in one go
     for (const char* row : {"Sharp", "Keen"}) popup.AddRow(row);
