@@ -174,6 +174,9 @@ TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
     EXPECT_EQ(first->columnCount(), 5) << "storage columns stay out of sight";
     EXPECT_TRUE(first->font(0).bold());
     EXPECT_TRUE(tree->topLevelItem(1)->isSelected());
+    const QPalette& colours = tree->palette();  // rows tinted in turn, whatever the theme
+    EXPECT_TRUE(tree->alternatingRowColors() && colours.color(QPalette::AlternateBase) == Qt::white &&
+                colours.color(QPalette::Base) != Qt::white && colours.color(QPalette::Text) == Qt::black);
 
     tree->topLevelItem(0)->setSelected(true);
     EXPECT_TRUE(list.Selected(0));
