@@ -48,29 +48,16 @@ TEST_F(SheetTest, EveryFigureIsFormedByTheTermsItRecords) {
         std::vector<const char*> figures;
         const char *named, *bonus;  // in the explanation of `named`
     } branches[] = {
-        {"",
-         "",
-         {"StrengthTotal", "LifePointsTotal", "EnduranceTotal", "SpeedTotal", "EssenceTotal"},
-         "LifePointsTotal",
-         "Hard to Kill 6"},
+        // clang-format off
+        {"", "", {"StrengthTotal", "LifePointsTotal", "EnduranceTotal", "SpeedTotal", "EssenceTotal"},
+         "LifePointsTotal", "Hard to Kill 6"},
         {"Human", "Slow", {"SpeedBonus", "SpeedTotal"}, "SpeedTotal", "Quick Step 2"},
-        {"Gifted",
-         "Vital",
-         {"DPField", "LifePointsTotal", "EssenceTotal", "EssenceBonus"},
-         "EssenceTotal",
-         "Inner Well 3"},
+        {"Gifted", "Vital", {"DPField", "LifePointsTotal", "EssenceTotal", "EssenceBonus"}, "EssenceTotal", "Inner Well 3"},
         {"Gifted", "Vital", {"DPField"}, "DPField", "Gifted (Vital) drama points 20"},
-        {"Human",
-         "Survivor",
-         {"StrengthBonus", "StrengthTotal", "LifePointsTotal", "MetaField", "SkillField",
-          "AttributeField", "QualityField"},
-         "StrengthTotal",
-         "Shapechanger (Wolf) 2"},
-        {"Human",
-         "Fast",
-         {"EssenceBonus", "SpeedBonus", "SkillField"},
-         "SkillField",
-         "Keen Mind 8"},
+        {"Human", "Survivor", {"StrengthBonus", "StrengthTotal", "LifePointsTotal", "MetaField", "SkillField",
+                               "AttributeField", "QualityField"}, "StrengthTotal", "Shapechanger (Wolf) 2"},
+        {"Human", "Fast", {"EssenceBonus", "SpeedBonus", "SkillField"}, "SkillField", "Keen Mind 8"},
+        // clang-format on
     };
     for (const auto& branch : branches) {
         UseSmallRules();
