@@ -58,13 +58,15 @@ std::string unnamedControls(QWidget& window) {
     return report;
 }
 
-// A control is read by the words of its name, less those of its kind: a screen reader tells the kind.
+// A control is read by the words of its name (a capital, a run of capitals, a number or an
+// underscore starts one), less those of its kind: a screen reader tells the kind.
 TEST(SpokenName, DropsTheKindNamesAChoiceAndSaysLevelForArrows) {
     const std::pair<const char*, const char*> cases[] = {
         {"QualityPopup", "Quality choice"}, {"QualityField", "Quality"}, {"Popup", "Popup"},
         {"QualityRecordButton", "Quality record"}, {"XPCostField", "XP cost"},
         {"SkillUpDownArrows1", "Skill level"}, {"MetaUpDownArrows", "Meta level"},
-        {"UpDownArrows", "level"}, {"DownArrows", "Down arrows"}, {"NameFieldBox", "Name"}, {"Box", "Box"}};
+        {"UpDownArrows", "level"}, {"DownArrows", "Down arrows"}, {"NameFieldBox", "Name"}, {"Box", "Box"},
+        {"PlanB", "Plan B"}, {"XP2", "XP 2"}, {"Page10X", "Page 10 X"}, {"_a__b", "a b"}, {"", ""}};
     for (const auto& [name, spoken] : cases) EXPECT_EQ(SpokenName(name).toStdString(), spoken) << name;
 }
 

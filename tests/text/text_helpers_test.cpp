@@ -3,7 +3,6 @@
 #include <cmath>
 #include <tuple>
 
-#include "text/NameWords.h"
 #include "text/TextHelpers.h"
 
 using namespace zeph;
@@ -85,16 +84,4 @@ TEST(Comparison, IgnoresCaseInAnyLanguage) {
         {"Straße", "STRASS", false}, {"\xFF", "\xFF", true},     {"\xFFx", "\xFEx", false},
         {"\xC3", "Ã", false},        {"\xFF" "a", "\xFF" "b", false}};
     for (const auto& [a, b, equal] : cases) EXPECT_EQ(EqualsNoCase(a, b), equal) << a << " / " << b;
-}
-
-TEST(NameWords, SplitAtEachNewCapitalRunOfCapitalsNumberAndUnderscore) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"QualityRecordButton_Action", "Quality Record Button Action"},
-        {"XPCostField", "XP Cost Field"}, {"CSVExport2", "CSV Export 2"},
-        {"PlanB", "Plan B"}, {"Page10X", "Page 10 X"}, {"XP", "XP"}, {"XP2", "XP 2"}, {"_a__b", "a b"}, {"", ""}};
-    for (const auto& [name, words] : cases) {
-        std::string joined;
-        for (const std::string& word : NameWords(name)) joined += (joined.empty() ? "" : " ") + word;
-        EXPECT_EQ(joined, words) << name;
-    }
 }
