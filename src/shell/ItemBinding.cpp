@@ -172,7 +172,6 @@ class FlagBinding : public ItemBinding {
 
   protected:
     void show(ItemChange) override {
-        if (box_.isChecked() == item_.Value()) return;
         QSignalBlocker quiet(&box_);
         box_.setChecked(item_.Value());
     }
