@@ -176,9 +176,16 @@ TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
     EXPECT_EQ(first->columnCount(), 5) << "storage columns stay out of sight";
     EXPECT_TRUE(first->font(0).bold());
     EXPECT_TRUE(tree->topLevelItem(1)->isSelected());
-    const QPalette& colours = tree->palette();  // rows tinted in turn, whatever the theme
-    EXPECT_TRUE(tree->alternatingRowColors() && colours.color(QPalette::AlternateBase) == Qt::white &&
-                colours.color(QPalette::Base) != Qt::white);
+    const QPalette light = QApplication::palette();  // lists and styled texts keep their colours under a dark theme
+    QPalette dark = light;
+    dark.setColor(QPalette::Base, Qt::black);
+    dark.setColor(QPalette::Text, Qt::white);
+    QApplication::setPalette(dark);
+    QCoreApplication::processEvents();
+    for (QWidget* page : {static_cast<QWidget*>(tree), static_cast<QWidget*>(widget<QTextEdit>("NotesField"))})
+        EXPECT_TRUE(page->palette().color(QPalette::Base) != Qt::black && page->palette().color(QPalette::Text) == Qt::black);
+    EXPECT_TRUE(tree->alternatingRowColors() && tree->palette().color(QPalette::AlternateBase) == Qt::white);
+    QApplication::setPalette(light);
 
     tree->topLevelItem(0)->setSelected(true);
     EXPECT_TRUE(list.Selected(0));
