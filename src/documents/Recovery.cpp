@@ -1,9 +1,7 @@
 #include "documents/Recovery.h"
 
-#include <signal.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <filesystem>
 #include <optional>
 #include <regex>
@@ -33,10 +31,9 @@ std::optional<pid_t> writerOf(const std::string& fileName) {
     return static_cast<pid_t>(std::stol(match[1]));
 }
 
-// Signal 0 only asks whether the process exists; EPERM means it does, under another user.
+// Every process, whoever runs it, has its folder under /proc.
 bool isRunning(pid_t process) {
-    if (process == getpid()) return false;
-    return kill(process, 0) == 0 || errno == EPERM;
+    return process != getpid() && std::filesystem::exists("/proc/" + std::to_string(process));
 }
 
 }  // namespace

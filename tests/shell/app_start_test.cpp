@@ -125,6 +125,8 @@ TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
 
     type(widget<QLineEdit>("HairField"), "red");
     EXPECT_EQ(sheet().HairField.Text(), "red");
+    sheet().EyesField.SetText("grey with a fleck of green");  // read from its start
+    EXPECT_EQ(widget<QLineEdit>("EyesField")->cursorPosition(), 0);
     sheet().EquipmentField.SetStyled(StyledText{{StyleRun{"Rope", true}, StyleRun{"\n"}}});
     auto* equipment = widget<QTextEdit>("EquipmentField");
     equipment->moveCursor(QTextCursor::End);
@@ -209,6 +211,11 @@ TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
     popup.Trade(*kept);
     QCoreApplication::processEvents();
     EXPECT_EQ(widget<QComboBox>("QualityPopup")->itemText(0), "Sharp");
+    int refills = 0;  // rows as they were are not filled in again: an open popup stays as it is
+    QObject::connect(widget<QComboBox>("QualityPopup")->model(), &QAbstractItemModel::rowsInserted, [&] { ++refills; });
+    popup.SetListIndex(1);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(refills, 0);
 }
 
 TEST_F(AppStart, ClosingAsksCancelKeepsTheWindowSaveAndDontSaveCloseIt) {
