@@ -178,6 +178,12 @@ TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
     EXPECT_EQ(first->columnCount(), 5) << "storage columns stay out of sight";
     EXPECT_TRUE(first->font(0).bold());
     EXPECT_TRUE(tree->topLevelItem(1)->isSelected());
+    tree->resize(700, 200);  // the name column widest, the last one filling the list
+    QCoreApplication::processEvents();
+    int filled = 0;
+    for (int column = 0; column < 5; ++column) filled += tree->header()->sectionSize(column);
+    EXPECT_EQ(filled, tree->viewport()->width());
+    EXPECT_GT(tree->header()->sectionSize(0), 2 * tree->header()->sectionSize(1));
     const QPalette light = QApplication::palette();  // lists and styled texts keep their colours under a dark theme
     QPalette dark = light;
     dark.setColor(QPalette::Base, Qt::black);
