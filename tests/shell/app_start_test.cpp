@@ -116,6 +116,9 @@ TEST_F(AppStart, UndoAndRedoTakeWholeStepsOfTheSheet) {
     EXPECT_EQ(strength->text(), "4");
     EXPECT_EQ(sheet().StrengthField.Text(), "4");
     EXPECT_EQ(rows(), 1);
+    press(qualities);
+    EXPECT_TRUE(qualities->view()->isVisible()) << "a list fills at the press, then opens";
+    qualities->hidePopup();
 }
 
 TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
@@ -177,6 +180,7 @@ TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
     EXPECT_EQ(first->text(0) + first->text(1), "Hard to Kill3");
     EXPECT_EQ(first->columnCount(), 5) << "storage columns stay out of sight";
     EXPECT_TRUE(first->font(0).bold());
+    EXPECT_TRUE(first->textAlignment(1) == Qt::AlignCenter && first->textAlignment(4) != Qt::AlignCenter);
     EXPECT_TRUE(tree->topLevelItem(1)->isSelected());
     tree->resize(700, 200);  // the name column widest, the last one filling the list
     QCoreApplication::processEvents();
