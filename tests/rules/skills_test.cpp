@@ -145,7 +145,8 @@ TEST_F(Skills, TheFreePoolOfEachMode) {
 }
 
 TEST_F(Skills, PastThePoolMovesAreBoughtWithExperience) {
-    InPlay("5");
+    sheet->CharacterInPlayBox.SetValue(true);
+    SetTexts("SavedExperienceField=5|SpentExperienceField=0");
     Pick("Esoteric", "Lucid Dream");
     Menu("Falling Sky");  // 5 is not more than 5
     EXPECT_EQ(Moves() + platform.Messages().at(0), "You don't have enough points to buy this.");

@@ -113,11 +113,6 @@ protected:
     void Repeat(void (*operation)(CharacterSheet&), int times) {
         for (int i = 0; i < times; ++i) operation(*sheet);
     }
-    void InPlay(const char* saved) {
-        sheet->CharacterInPlayBox.SetValue(true);
-        sheet->SavedExperienceField.SetText(saved);
-        sheet->SpentExperienceField.SetText("0");
-    }
     void SetFields(std::initializer_list<const char*> values) {
         int a = 0;
         for (const char* value : values) sheet->AttributeOf(a++).field.SetText(value);
