@@ -257,7 +257,6 @@ class ListBinding : public ItemBinding {
         tree.setRootIsDecorated(false);
         tree.setUniformRowHeights(true);
         tree.setSelectionMode(QAbstractItemView::ExtendedSelection);
-        tree.header()->setStretchLastSection(true);
         tree.header()->setDefaultSectionSize(80);
         tree.header()->resizeSection(0, 240);  // names are the longest cells
         // Even rows tinted, the selected row deep blue with white text.
