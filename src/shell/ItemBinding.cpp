@@ -282,6 +282,7 @@ class ListBinding : public ItemBinding {
             showHeadings();
         } else if (change == ItemChange::Layout) {
             showLayout();
+            showAlignment();
         } else if (change == ItemChange::Selection) {
             if (!rebuildPending_) showSelection();
         } else if (!rebuildPending_) {
@@ -314,9 +315,6 @@ class ListBinding : public ItemBinding {
             headings << q(item_.Heading(column));
         tree_.setColumnCount(shownColumns());
         tree_.setHeaderLabels(headings);
-        for (int column = 0; column < shownColumns(); ++column)
-            tree_.headerItem()->setTextAlignment(column,
-                                                 centred(column) ? Qt::AlignCenter : Qt::AlignLeft);
     }
 
     // "90,120" in pixels, "60%,40%" in parts of the list's width; columns beyond keep theirs, and
@@ -340,6 +338,7 @@ class ListBinding : public ItemBinding {
         showHeadings();
         showLayout();
         showRows();
+        showAlignment();
         showSelection();
     }
 
@@ -349,13 +348,21 @@ class ListBinding : public ItemBinding {
             auto* line = new QTreeWidgetItem(&tree_);
             for (int column = 0; column < shownColumns(); ++column) {
                 line->setText(column, q(item_.Cell(row, column)));
-                if (centred(column)) line->setTextAlignment(column, Qt::AlignCenter);
                 if (item_.CellBold(row, column)) {
                     QFont font = line->font(column);
                     font.setBold(true);
                     line->setFont(column, font);
                 }
             }
+        }
+    }
+
+    void showAlignment() {
+        for (int column = 0; column < shownColumns(); ++column) {
+            const Qt::Alignment alignment = centred(column) ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter;
+            tree_.headerItem()->setTextAlignment(column, alignment);
+            for (int row = 0; row < tree_.topLevelItemCount(); ++row)
+                tree_.topLevelItem(row)->setTextAlignment(column, alignment);
         }
     }
 

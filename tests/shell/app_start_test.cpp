@@ -205,6 +205,9 @@ TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
     list.SetColumnWidths("50%,60,70,80");
     EXPECT_EQ(tree->header()->sectionSize(0) * 1000 + tree->header()->sectionSize(1),
               tree->contentsRect().width() / 2 * 1000 + 60);
+    list.SetColumnCentred(0, true);  // a list with widths of its own centres what it says
+    EXPECT_TRUE(tree->headerItem()->textAlignment(0) == Qt::AlignCenter &&
+                tree->topLevelItem(0)->textAlignment(0) == Qt::AlignCenter && tree->topLevelItem(0)->textAlignment(1) != Qt::AlignCenter);
 
     ComboItem& popup = sheet().QualityPopup;  // rows traded back, as many as before, in one go
     for (const char* row : {"Sharp", "Keen"}) popup.AddRow(row);
