@@ -4,13 +4,14 @@
 
 #include <filesystem>
 
+#include "support/SheetFixture.h"
+
 using namespace zeph;
 namespace fs = std::filesystem;
 
 TEST(WriteFileAtomically, ReplacesTheFileWholeAndLeavesNoTemporaryBehind) {
-    const fs::path folder = fs::path(::testing::TempDir()) / "zeph-atomic";
-    fs::remove_all(folder);
-    fs::create_directories(folder);
+    const zeph::testing::TempFolder temporary("atomic");
+    const fs::path& folder = temporary.path;
     const fs::path previous = fs::current_path();
     fs::current_path(folder);
     // A bare file name is written in the working folder.
@@ -21,5 +22,4 @@ TEST(WriteFileAtomically, ReplacesTheFileWholeAndLeavesNoTemporaryBehind) {
     EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 1);
     EXPECT_FALSE(WriteFileAtomically((folder / "missing" / "x.xml").string(), "x"));
     EXPECT_FALSE(WriteFileAtomically(folder.string(), "a folder is not replaced"));
-    fs::remove_all(folder);
 }

@@ -102,10 +102,10 @@ TEST_F(Accessibility, EveryControlOfEveryWindowHasANameOfItsOwn) {
         if (dynamic_cast<JournalView*>(other) || dynamic_cast<PortraitView*>(other))
             windows.push_back(other);
     ASSERT_EQ(windows.size(), 9u);
-    for (QWidget* other : windows)
+    for (QWidget* other : windows) {
         EXPECT_EQ(unnamedControls(*other), "") << other->windowTitle().toStdString();
-    for (QWidget* other : windows)
         if (other != &exporting) other->close();
+    }
 }
 
 // The Tab key walks each tab as it reads: down a column, along a row, then up into the next

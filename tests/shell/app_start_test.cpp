@@ -128,6 +128,13 @@ TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
 
     type(widget<QLineEdit>("HairField"), "red");
     EXPECT_EQ(sheet().HairField.Text(), "red");
+    auto* conceptBox = widget<QComboBox>("ConceptBox");  // a combo takes typed text, and Return adds no row
+    ASSERT_TRUE(conceptBox->lineEdit() && !widget<QComboBox>("QualityPopup")->isEditable());
+    const int rows = conceptBox->count();
+    type(conceptBox->lineEdit(), "Drifter");
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QApplication::sendEvent(conceptBox->lineEdit(), &enter);
+    EXPECT_EQ(sheet().ConceptBox.Text() + "/" + std::to_string(conceptBox->count() - rows), "Drifter/0");
     sheet().EyesField.SetText("grey with a fleck of green");  // read from its start
     EXPECT_EQ(widget<QLineEdit>("EyesField")->cursorPosition(), 0);
     StyleRun lamp("Lamp");  // each style kept through the field, and the line ends
