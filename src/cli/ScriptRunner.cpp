@@ -223,10 +223,8 @@ void ScriptRunner::setItem(const std::string& name, const std::string& text) {
         property->set(UnescapeLineEnds(text));
         return;
     }
-    Item& target = item(name);
-    if (auto* textItem = dynamic_cast<TextItem*>(&target)) textItem->SetText(UnescapeLineEnds(text));
-    else if (auto* combo = dynamic_cast<ComboItem*>(&target)) combo->SetText(UnescapeLineEnds(text));
-    else throw ScriptError{"cannot set " + name + "; use flag or select"};
+    if (!SetItemText(item(name), UnescapeLineEnds(text)))
+        throw ScriptError{"cannot set " + name + "; use flag or select"};
 }
 
 void ScriptRunner::chooseRow(const std::string& name, const std::string& text) {

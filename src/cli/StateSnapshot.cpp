@@ -37,6 +37,13 @@ std::string RunsText(const StyledText& styled) {
     return JoinFields(runs, "|");
 }
 
+bool SetItemText(Item& item, const std::string& text) {
+    if (auto* field = dynamic_cast<TextItem*>(&item)) field->SetText(text);
+    else if (auto* combo = dynamic_cast<ComboItem*>(&item)) combo->SetText(text);
+    else return false;
+    return true;
+}
+
 std::string ItemText(const Item& item) {
     if (auto* text = dynamic_cast<const TextItem*>(&item)) return text->Text();
     if (auto* flag = dynamic_cast<const FlagItem*>(&item)) return BoolText(flag->Value());

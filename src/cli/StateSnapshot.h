@@ -23,6 +23,8 @@ std::string ItemText(const Item& item);
 std::string ListRowText(const ListItem& list, int row);
 std::string HeadingsText(const ListItem& list);
 std::string RunsText(const StyledText& styled);
+// What `set` does: a text or combo item takes the text; false for any other kind.
+bool SetItemText(Item& item, const std::string& text);
 
 // Every item's text, its being hidden or disabled, a combo's rows and selection, a list's count,
 // selection, headings and rows (and bold first cells), a styled text's runs; then every

@@ -18,7 +18,6 @@ class RecoveryTest : public SheetTest {
         SetTexts("NameField=Ann|PlayerField=Bo|StrengthField=4");
         AddQualityRow("Hard to Kill", {{1, "3"}, {4, "noted"}});
     }
-    static bool Exists(const std::string& path) { return IsExistingFile(path); }
     // A character document without the moment it was written.
     static std::string Timeless(const std::string& document) {
         return std::regex_replace(document, std::regex("LastChange=\"[^\"]*\""), "");
@@ -36,19 +35,19 @@ TEST_F(RecoveryTest, WrittenWhileUnsavedAndGoneOnSaveAndOnClose) {
     EXPECT_EQ(ReadWholeFile(copy + ".bound"), sheet->fileSaveString);
     EXPECT_EQ(Timeless(ReadWholeFile(copy).value()), Timeless(CharacterFileText(*sheet)));
     SaveFile(*sheet);
-    EXPECT_FALSE(Exists(copy) || Exists(copy + ".bound"));
+    EXPECT_FALSE(IsExistingFile(copy) || IsExistingFile(copy + ".bound"));
     UpdateRecoveryCopy(*sheet);  // saved: nothing to write
-    EXPECT_FALSE(Exists(copy));
+    EXPECT_FALSE(IsExistingFile(copy));
     sheet->savedChar = false;
     UpdateRecoveryCopy(*sheet);
     platform.QueueAnswer("Cancel");
-    EXPECT_TRUE(Event_CancelClose(*sheet) && Exists(copy));  // still open and unsaved
+    EXPECT_TRUE(Event_CancelClose(*sheet) && IsExistingFile(copy));  // still open and unsaved
     platform.QueueAnswer("Don't Save");
-    EXPECT_FALSE(Event_CancelClose(*sheet) || Exists(copy));
+    EXPECT_FALSE(Event_CancelClose(*sheet) || IsExistingFile(copy));
     // A character that closed itself, unsaved as it may be, leaves nothing behind.
     sheet->characterClosed = true;
     UpdateRecoveryCopy(*sheet);
-    EXPECT_FALSE(Exists(copy));
+    EXPECT_FALSE(IsExistingFile(copy));
 }
 
 TEST_F(RecoveryTest, OfferedOnlyWhenItsWriterIsGoneAndReopenedUnsavedAndBound) {
@@ -74,13 +73,13 @@ TEST_F(RecoveryTest, OfferedOnlyWhenItsWriterIsGoneAndReopenedUnsavedAndBound) {
     EXPECT_EQ(Timeless(CharacterFileText(*reopened)), Timeless(CharacterFileText(*sheet)));
     EXPECT_EQ(reopened->fileSaveString + " " + Str(reopened->savedChar),
               folder.At("ann.xml") + " 0");
-    EXPECT_TRUE(Exists(reopened->recoveryCopyPath) && Exists(running) &&
+    EXPECT_TRUE(IsExistingFile(reopened->recoveryCopyPath) && IsExistingFile(running) &&
                 reopened->recoveryCopyPath != copy);
-    EXPECT_FALSE(Exists(gone) || Exists(gone + ".bound"));
+    EXPECT_FALSE(IsExistingFile(gone) || IsExistingFile(gone + ".bound"));
     std::filesystem::rename(reopened->recoveryCopyPath, gone);
     reopened.reset();
     OfferLeftBehindWork(platform, reopen);  // no answer: Discard
-    EXPECT_FALSE(reopened || Exists(gone));
+    EXPECT_FALSE(reopened || IsExistingFile(gone));
     const std::size_t asked = platform.Transcript().size();
     OfferLeftBehindWork(platform, reopen);
     EXPECT_EQ(platform.Transcript().size(), asked);  // nothing left: no question

@@ -93,11 +93,8 @@ protected:
     void SetTexts(const std::string& entries) {
         for (const std::string& entry : SplitFields(entries, '|')) {
             const std::string name = entry.substr(0, entry.find('='));
-            const std::string text = entry.substr(name.size() + 1);
             Item* item = sheet->Items().Find(name);
-            ASSERT_NE(item, nullptr) << name;
-            if (auto* field = dynamic_cast<TextItem*>(item)) field->SetText(text);
-            else dynamic_cast<ComboItem&>(*item).SetText(text);
+            EXPECT_TRUE(item && SetItemText(*item, entry.substr(name.size() + 1))) << name;
         }
     }
     // Cells `from` to `to` of a row, joined by "|".
