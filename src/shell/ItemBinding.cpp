@@ -254,6 +254,8 @@ class ListBinding : public ItemBinding {
     ListBinding(const EventLookup& events, ListItem& item, QTreeWidget& tree, CoreCall call)
         : ItemBinding(events, item, tree, std::move(call)), item_(item), tree_(tree) {
         tree.setColumnCount(shownColumns());
+        rebuildSoon_.setSingleShot(true);
+        connect(&rebuildSoon_, &QTimer::timeout, this, [this] { rebuild(); });
         tree.setRootIsDecorated(false);
         tree.setUniformRowHeights(true);
         tree.setSelectionMode(QAbstractItemView::ExtendedSelection);
@@ -284,10 +286,9 @@ class ListBinding : public ItemBinding {
             showLayout();
             showAlignment();
         } else if (change == ItemChange::Selection) {
-            if (!rebuildPending_) showSelection();
-        } else if (!rebuildPending_) {
-            rebuildPending_ = true;
-            QTimer::singleShot(0, this, [this] { rebuild(); });
+            if (!rebuildSoon_.isActive()) showSelection();
+        } else if (!rebuildSoon_.isActive()) {
+            rebuildSoon_.start(0);
         }
     }
 
@@ -333,7 +334,7 @@ class ListBinding : public ItemBinding {
     }
 
     void rebuild() {
-        rebuildPending_ = false;
+        rebuildSoon_.stop();
         QSignalBlocker quiet(&tree_);
         showHeadings();
         showLayout();
@@ -374,7 +375,7 @@ class ListBinding : public ItemBinding {
 
     void writeSelection() {
         // The tree is about to be rebuilt from the item, whose selection it will then show.
-        if (rebuildPending_) return;
+        if (rebuildSoon_.isActive()) return;
         std::vector<bool> selected;
         const int rows = std::min(tree_.topLevelItemCount(), item_.ListCount());
         for (int row = 0; row < rows; ++row)
@@ -388,7 +389,7 @@ class ListBinding : public ItemBinding {
 
     ListItem& item_;
     QTreeWidget& tree_;
-    bool rebuildPending_ = false;
+    QTimer rebuildSoon_;
 };
 
 }  // namespace

@@ -135,6 +135,9 @@ TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
     QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
     QApplication::sendEvent(conceptBox->lineEdit(), &enter);
     EXPECT_EQ(sheet().ConceptBox.Text() + "/" + std::to_string(conceptBox->count() - rows), "Drifter/0");
+    conceptBox->addItem("Only on screen");  // a row the sheet lacks is not chosen
+    conceptBox->setCurrentIndex(rows);
+    EXPECT_EQ(sheet().ConceptBox.ListIndex(), -1);
     sheet().EyesField.SetText("grey with a fleck of green");  // read from its start
     EXPECT_EQ(widget<QLineEdit>("EyesField")->cursorPosition(), 0);
     StyleRun lamp("Lamp");  // each style kept through the field, and the line ends
@@ -178,7 +181,7 @@ TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
     QCoreApplication::processEvents();
     ASSERT_EQ(tree->topLevelItemCount(), 2);
     QTreeWidgetItem* first = tree->topLevelItem(0);
-    EXPECT_EQ(first->text(0) + first->text(1), "Hard to Kill3");
+    EXPECT_EQ(tree->headerItem()->text(1) + first->text(0) + first->text(1), "LevelHard to Kill3");
     EXPECT_EQ(first->columnCount(), 5) << "storage columns stay out of sight";
     EXPECT_TRUE(first->font(0).bold());
     EXPECT_TRUE(first->textAlignment(1) == Qt::AlignCenter && first->textAlignment(4) != Qt::AlignCenter);
