@@ -35,8 +35,7 @@ TEST_F(DataLoading, PreferencesRoundTripKeepingOrderAndTheSeparator) {
     data.SaveDataFilePreferences(platform);
     EXPECT_EQ(*ReadWholeFile(prefsPath), "old") << "nothing is written without a data file path";
     EXPECT_EQ(App(data, platform).GetDataFile(), "");  // preferences that are not XML are told
-    ASSERT_EQ(platform.Messages().size(), 1u);
-    EXPECT_EQ(platform.Messages()[0], "Start tag expected, '<' not found\n At node: " + prefsPath + " on: 1");
+    EXPECT_EQ(platform.Messages(), Lines{"Start tag expected, '<' not found\n At node: " + prefsPath + " on: 1"});
     data.datafilepath = folder.Write("rules.xml", kRules);
     for (int load = 0; load < 2; ++load) ASSERT_TRUE(app.LoadDataFile(data.datafilepath));
     EXPECT_EQ(data.referenceTables, (Lines{"Ranges", "Levels"})) << "each load anew";
@@ -46,14 +45,12 @@ TEST_F(DataLoading, PreferencesRoundTripKeepingOrderAndTheSeparator) {
     data.recentItemsPaths = {"/c/vera.xml", "/c/olaf.xml"};
     data.SaveDataFilePreferences(platform);
 
-    std::string text = *ReadWholeFile(prefsPath);
-    EXPECT_EQ(text.find('\n'), text.size() - 1);  // one line, no indentation
+    EXPECT_EQ(ReadWholeFile(prefsPath)->find('\n'), ReadWholeFile(prefsPath)->size() - 1);  // one line, no indentation
 
     DataModule reread;
     EXPECT_EQ(App(reread, platform).GetDataFile(), data.datafilepath);
-    EXPECT_EQ(reread.knowndatafiles, data.knowndatafiles);
-    EXPECT_EQ(reread.recentItemsName, data.recentItemsName);
-    EXPECT_EQ(reread.recentItemsPaths, data.recentItemsPaths);
+    EXPECT_EQ(std::tie(reread.knowndatafiles, reread.recentItemsName, reread.recentItemsPaths),
+              std::tie(data.knowndatafiles, data.recentItemsName, data.recentItemsPaths));
 }
 
 // A start after the preferences name a data file that is gone, empty, relative or not XML.

@@ -9,8 +9,6 @@
 namespace zeph {
 namespace {
 
-using testing::TempFolder;
-
 std::string rules(const std::string& tag) {
     return "<zephalondata fullref=\"Ref " + tag + "\"><tabledata><table name=\"T " + tag +
            "\"/></tabledata></zephalondata>";
@@ -26,12 +24,12 @@ std::string shown(const ListItem& list) {
 }
 
 struct Manager {
-    explicit Manager(const std::string& tag) : folder(tag) {}
+    explicit Manager(const std::string& tag) : folder(tag) { data.datafilepath = "/rules.xml"; }
     std::unique_ptr<LoadDataWindow> Open() {
         return std::make_unique<LoadDataWindow>(
             data, platform, [this](const std::string& path) { return app.LoadDataFile(path); });
     }
-    TempFolder folder;
+    testing::TempFolder folder;
     ScriptedPlatform platform{folder.path.string(), "", ""};
     DataModule data;
     App app{data, platform};
@@ -84,7 +82,6 @@ TEST(LoadDataWindow, ListsRemovesAndLoadsTheKnownFiles) {
 
 TEST(LoadDataWindow, AddsFilesOneByOneAndFromAFolderTree) {
     Manager m("datafiles-add");
-    m.data.datafilepath = "/rules.xml";
     auto window = m.Open();
     EXPECT_EQ(window->ListBox1.ListCount(), 0);  // no preferences file yet
     m.platform.QueueAnswer(m.folder.Write("one.xml", rules("1")));
@@ -110,7 +107,6 @@ TEST(LoadDataWindow, AddsFilesOneByOneAndFromAFolderTree) {
 
 TEST(LoadDataWindow, MarksTheFilesWithMistakesAndChecksTheChosenOne) {
     Manager m("datafiles-check");
-    m.data.datafilepath = "/rules.xml";
     auto window = m.Open();
     for (const char* file : {"several.xml", "separators.xml", "leaves.xml"}) {
         m.platform.QueueAnswer(ZEPHALON_SOURCE_DIR "/tests/data/lint/" + std::string(file));
