@@ -360,7 +360,8 @@ class ListBinding : public ItemBinding {
 
     void showAlignment() {
         for (int column = 0; column < shownColumns(); ++column) {
-            const Qt::Alignment alignment = centred(column) ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter;
+            const Qt::Alignment alignment =
+                centred(column) ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter;
             tree_.headerItem()->setTextAlignment(column, alignment);
             for (int row = 0; row < tree_.topLevelItemCount(); ++row)
                 tree_.topLevelItem(row)->setTextAlignment(column, alignment);
