@@ -141,7 +141,7 @@ TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
     sheet().EyesField.SetText("grey with a fleck of green");  // read from its start
     EXPECT_EQ(widget<QLineEdit>("EyesField")->cursorPosition(), 0);
     StyleRun lamp("Lamp");  // each style kept through the field, and the line ends
-    lamp.italic = lamp.underline = true;
+    lamp.bold = lamp.italic = lamp.underline = true;
     lamp.font = "DejaVu Serif";
     lamp.size = 14;
     lamp.color = 0x336699;
