@@ -257,7 +257,6 @@ class ListBinding : public ItemBinding {
         rebuildSoon_.setSingleShot(true);
         connect(&rebuildSoon_, &QTimer::timeout, this, [this] { rebuild(); });
         tree.setRootIsDecorated(false);
-        tree.setUniformRowHeights(true);
         tree.setSelectionMode(QAbstractItemView::ExtendedSelection);
         tree.header()->setDefaultSectionSize(80);
         tree.header()->resizeSection(0, 240);  // names are the longest cells

@@ -126,6 +126,7 @@ TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
         EXPECT_NE(window_->findChild<QWidget*>(QString::fromStdString(item->Name())), nullptr)
             << item->Name();
 
+    EXPECT_TRUE(widget<QWidget>("DPField")->isHidden());  // hidden from the start
     type(widget<QLineEdit>("HairField"), "red");
     EXPECT_EQ(sheet().HairField.Text(), "red");
     auto* conceptBox = widget<QComboBox>("ConceptBox");  // a combo takes typed text, and Return adds no row
@@ -149,7 +150,11 @@ TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
     sheet().EquipmentField.SetStyled(StyledText{{lamp, StyleRun{" oil\n"}}});  // in place of the rope
     auto* equipment = widget<QTextEdit>("EquipmentField");
     equipment->moveCursor(QTextCursor::End);
-    equipment->insertPlainText("15 m");
+    equipment->insertPlainText("15 ");
+    auto* pasted = new QMimeData;  // a page's look stays out of the sheet: only its text comes
+    pasted->setHtml("<b style='color:red'>m</b>"), pasted->setText("m");
+    QApplication::clipboard()->setMimeData(pasted);
+    equipment->paste();
     const std::vector<StyleRun>& runs = sheet().EquipmentField.Styled().runs;
     ASSERT_EQ(runs.size(), 2u);
     EXPECT_TRUE(runs[0].text == "Lamp" && runs[0].SameStyle(lamp));

@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "app/App.h"
+#include "app/Journal.h"
 #include "cli/DiffDataCommand.h"
 #include "documents/CharacterFile.h"
 #include "platform/Files.h"
@@ -86,6 +87,8 @@ TEST_F(DataSwitchReport, TellsWhatTheOpenCharacterWouldReadAndChangesNothing) {
     UseTestRules("diffdata/old.xml");
     LoadXMLCharSheet(*sheet, kCharacter);
     FigureSecondaryAttributes(*sheet);
+    const auto journal = Journal::OpenTheJournal(*sheet, [] {});  // what its window shows stays there
+    journal->Field().SetText("Written in the window");
     sheet->savedChar = true;
     const StateSnapshot before = TakeSnapshot(sheet->Items(), &sheet->Properties());
     App app(data, platform);
