@@ -5,6 +5,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -62,6 +63,9 @@ public:
     void FetchToFile(const std::string& url, const std::string& path, FetchDone done,
                      FetchFailed failed) override;
     void Quit(int code) override;
+    // The real clock's moment unless one is set, so that what is written can be foretold.
+    LocalDateTime Now() override { return now_ ? *now_ : Platform::Now(); }
+    void SetNow(const LocalDateTime& moment) { now_ = moment; }
 
     // The folder the last open dialog started in.
     const std::string& LastDialogFolder() const { return lastDialogFolder_; }
@@ -81,6 +85,7 @@ private:
     std::map<int, std::string> notices_;
     int nextNotice_ = 0;
     FileFault fileFault_ = FileFault::None;
+    std::optional<LocalDateTime> now_;
 };
 
 // Writes line ends as \n and carriage returns as \r, so that any value stays on one line.

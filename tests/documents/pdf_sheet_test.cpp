@@ -111,11 +111,8 @@ TEST(PdfSheet, ProgramsAreFoundOnThePathAndTheirOutputKept) {
 
 TEST_F(SheetTest, ThePdfExportShowsTheHtmlSheetAndSavesItsPdf) {
     const TempFolder folder("pdf-export");
-    // The sheet tells when it was made; a clock that stands still makes both makings one.
-    struct StillClock : ScriptedPlatform {
-        using ScriptedPlatform::ScriptedPlatform;
-        LocalDateTime Now() override { return {2026, 1, 2, 3, 4, 5}; }
-    } scripted(folder.path.string(), ZEPHALON_SOURCE_DIR "/data/stylesheets", folder.path.string());
+    ScriptedPlatform scripted(folder.path.string(), ZEPHALON_SOURCE_DIR "/data/stylesheets", folder.path.string());
+    scripted.SetNow({2026, 1, 2, 3, 4, 5});  // the sheet tells when it was made: both makings at one moment
     CharacterSheet character(data, scripted, SheetOperations());
     character.NameField.SetText("Ann");
     ExportWindow exporter(character);

@@ -143,9 +143,7 @@ TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
     EXPECT_EQ(widget<QLineEdit>("EyesField")->cursorPosition(), 0);
     StyleRun lamp("Lamp");  // each style kept through the field, and the line ends
     lamp.bold = lamp.italic = lamp.underline = true;
-    lamp.font = "DejaVu Serif";
-    lamp.size = 14;
-    lamp.color = 0x336699;
+    std::tie(lamp.font, lamp.size, lamp.color) = std::tuple("DejaVu Serif", 14, 0x336699u);
     sheet().EquipmentField.SetStyled(StyledText{{StyleRun{"Rope", true}}});
     sheet().EquipmentField.SetStyled(StyledText{{lamp, StyleRun{" oil\n"}}});  // in place of the rope
     auto* equipment = widget<QTextEdit>("EquipmentField");
@@ -195,8 +193,7 @@ TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
     QCoreApplication::processEvents();
     EXPECT_EQ(tree->header()->length(), tree->viewport()->width());
     EXPECT_GT(tree->header()->sectionSize(0), 2 * tree->header()->sectionSize(1));
-    const QPalette light = QApplication::palette();  // lists and styled texts keep their colours under a dark theme
-    QPalette dark = light;
+    QPalette dark = QApplication::palette();  // lists and styled texts keep their colours under a dark theme
     dark.setColor(QPalette::Base, Qt::black);
     dark.setColor(QPalette::Text, Qt::white);
     QApplication::setPalette(dark);
@@ -204,7 +201,7 @@ TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
     for (QWidget* page : {static_cast<QWidget*>(tree), static_cast<QWidget*>(widget<QTextEdit>("NotesField"))})
         EXPECT_TRUE(page->palette().color(QPalette::Base) != Qt::black && page->palette().color(QPalette::Text) == Qt::black);
     EXPECT_TRUE(tree->alternatingRowColors() && tree->palette().color(QPalette::AlternateBase) == Qt::white);
-    QApplication::setPalette(light);
+    QApplication::setPalette(QApplication::style()->standardPalette());
 
     const QPoint firstRow = tree->visualItemRect(tree->topLevelItem(0)).center();  // Ctrl adds a row
     QMouseEvent click(QEvent::MouseButtonPress, firstRow, firstRow, Qt::LeftButton, Qt::LeftButton, Qt::ControlModifier);
