@@ -254,7 +254,6 @@ class ListBinding : public ItemBinding {
     ListBinding(const EventLookup& events, ListItem& item, QTreeWidget& tree, CoreCall call)
         : ItemBinding(events, item, tree, std::move(call)), item_(item), tree_(tree) {
         tree.setColumnCount(shownColumns());
-        rebuildSoon_.setSingleShot(true);
         connect(&rebuildSoon_, &QTimer::timeout, this, [this] { rebuild(); });
         tree.setRootIsDecorated(false);
         tree.setSelectionMode(QAbstractItemView::ExtendedSelection);
@@ -293,9 +292,9 @@ class ListBinding : public ItemBinding {
 
     void showWhole() override { rebuild(); }
 
-    // Widths in percent follow the list's width.
+    // Widths in percent follow the list's width; the filter watches the list alone.
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (watched == &tree_ && event->type() == QEvent::Resize) showLayout();
+        if (event->type() == QEvent::Resize) showLayout();
         return ItemBinding::eventFilter(watched, event);
     }
 
@@ -333,7 +332,7 @@ class ListBinding : public ItemBinding {
     }
 
     void rebuild() {
-        rebuildSoon_.stop();
+        rebuildSoon_.stop();  // once is enough
         QSignalBlocker quiet(&tree_);
         showHeadings();
         showLayout();
