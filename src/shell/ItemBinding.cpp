@@ -261,10 +261,10 @@ class ListBinding : public ItemBinding {
         tree.header()->resizeSection(0, 240);  // names are the longest cells
         // Even rows tinted, the selected row deep blue with white text.
         QPalette colours = tree.palette();
-        colours.setColor(QPalette::Base, QColor(232, 235, 255));
+        colours.setColor(QPalette::Base, QColor::fromString("#e8ebff"));
         colours.setColor(QPalette::AlternateBase, Qt::white);
         colours.setColor(QPalette::Text, Qt::black);
-        colours.setColor(QPalette::Highlight, QColor(66, 82, 255));
+        colours.setColor(QPalette::Highlight, QColor::fromString("#4252ff"));
         colours.setColor(QPalette::HighlightedText, Qt::white);
         tree.setPalette(colours);
         tree.setAlternatingRowColors(true);
