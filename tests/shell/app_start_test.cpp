@@ -122,11 +122,9 @@ TEST_F(AppStart, UndoAndRedoTakeWholeStepsOfTheSheet) {
 }
 
 TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
-    for (const Item* item : sheet().Items().All())
-        EXPECT_NE(window_->findChild<QWidget*>(QString::fromStdString(item->Name())), nullptr)
-            << item->Name();
+    for (const Item* item : sheet().Items().All()) widget<QWidget>(item->Name().c_str());
 
-    EXPECT_TRUE(widget<QWidget>("DPField")->isHidden());  // hidden from the start
+    EXPECT_TRUE(widget<QWidget>("DPField")->isHidden() && !widget<QWidget>("WeightField")->isEnabled());  // from the start
     type(widget<QLineEdit>("HairField"), "red");
     EXPECT_EQ(sheet().HairField.Text(), "red");
     auto* conceptBox = widget<QComboBox>("ConceptBox");  // a combo takes typed text, and Return adds no row
@@ -194,18 +192,17 @@ TEST_F(AppStart, EveryItemHasAWidgetAndBothFollowEachOther) {
     EXPECT_EQ(tree->header()->length(), tree->viewport()->width());
     EXPECT_GT(tree->header()->sectionSize(0), 2 * tree->header()->sectionSize(1));
     QPalette dark = QApplication::palette();  // lists and styled texts keep their colours under a dark theme
-    dark.setColor(QPalette::Base, Qt::black);
+    for (QPalette::ColorRole role : {QPalette::Base, QPalette::Highlight}) dark.setColor(role, Qt::black);
     dark.setColor(QPalette::Text, Qt::white);
     QApplication::setPalette(dark);
     QCoreApplication::processEvents();
     for (QWidget* page : {static_cast<QWidget*>(tree), static_cast<QWidget*>(widget<QTextEdit>("NotesField"))})
         EXPECT_TRUE(page->palette().color(QPalette::Base) != Qt::black && page->palette().color(QPalette::Text) == Qt::black);
-    EXPECT_TRUE(tree->alternatingRowColors() && tree->palette().color(QPalette::AlternateBase) == Qt::white);
+    EXPECT_TRUE(tree->alternatingRowColors() && tree->palette().color(QPalette::AlternateBase) == Qt::white &&
+                tree->palette().color(QPalette::Highlight) != Qt::black);
     QApplication::setPalette(QApplication::style()->standardPalette());
 
-    const QPoint firstRow = tree->visualItemRect(tree->topLevelItem(0)).center();  // Ctrl adds a row
-    QMouseEvent click(QEvent::MouseButtonPress, firstRow, firstRow, Qt::LeftButton, Qt::LeftButton, Qt::ControlModifier);
-    QApplication::sendEvent(tree->viewport(), &click);
+    press(tree->viewport(), tree->visualItemRect(tree->topLevelItem(0)).center(), Qt::ControlModifier);  // Ctrl adds a row
     EXPECT_TRUE(list.Selected(0) && list.Selected(1));
     list.SetListIndex(1);  // a choice alone shows at once
     EXPECT_TRUE(tree->topLevelItem(1)->isSelected() && !tree->topLevelItem(0)->isSelected());

@@ -26,7 +26,9 @@ class CharWindowTest : public ::testing::Test {
         previousHandler_ = SetUnhandledFailureHandler(
             [this](const std::string& message) { failures_.push_back(message); });
         ASSERT_TRUE(app_.LoadDataFile(ZEPHALON_SOURCE_DIR "/data/rules/sample.xml"));
-        window_ = std::make_unique<CharWindow>(std::make_unique<CharacterSheet>(data_, platform_, SheetOperations()));
+        auto blank = std::make_unique<CharacterSheet>(data_, platform_, SheetOperations());
+        blank->WeightField.SetEnabled(false);  // one item starts disabled
+        window_ = std::make_unique<CharWindow>(std::move(blank));
         window_->InstallMenus(menus_);
     }
     void TearDown() override {
@@ -49,8 +51,8 @@ class CharWindowTest : public ::testing::Test {
         QFocusEvent event(type, reason);
         QApplication::sendEvent(target, &event);
     }
-    static void press(QWidget* target) {
-        QMouseEvent event(QEvent::MouseButtonPress, QPointF(2, 2), QPointF(2, 2), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    static void press(QWidget* target, QPointF at = {2, 2}, Qt::KeyboardModifiers keys = Qt::NoModifier) {
+        QMouseEvent event(QEvent::MouseButtonPress, at, at, Qt::LeftButton, Qt::LeftButton, keys);
         QApplication::sendEvent(target, &event);
     }
     static void type(QWidget* target, const QString& text) {
