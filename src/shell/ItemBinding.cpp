@@ -332,7 +332,7 @@ class ListBinding : public ItemBinding {
     }
 
     void rebuild() {
-        rebuildSoon_.stop();  // once is enough
+        rebuildSoon_.stop();  // the timer repeats until stopped; one rebuild shows every change so far
         QSignalBlocker quiet(&tree_);
         showHeadings();
         showLayout();
